@@ -1,0 +1,191 @@
+#include "platform/BitmapFile.h"
+
+#include <array>
+#include <fstream>
+#include <iterator>
+
+#include "platform/Surface.h"
+
+namespace platform {
+namespace {
+
+constexpr std::int64_t kMaxPixels = 64LL * 1024 * 1024;
+constexpr std::uint32_t kRgb = 0;
+constexpr std::uint32_t kBitFields = 3;
+
+class ByteReader {
+ public:
+  explicit ByteReader(std::span<const std::uint8_t> b) : bytes(b) {}
+  bool Has(std::size_t offset, std::size_t count) const {
+    return offset <= bytes.size() && count <= bytes.size() - offset;
+  }
+  std::uint32_t U16(std::size_t o) const { return bytes[o] | (bytes[o + 1] << 8); }
+  std::uint32_t U32(std::size_t o) const {
+    return bytes[o] | (bytes[o + 1] << 8) | (bytes[o + 2] << 16) | (static_cast<std::uint32_t>(bytes[o + 3]) << 24);
+  }
+  std::uint8_t At(std::size_t o) const { return bytes[o]; }
+
+ private:
+  std::span<const std::uint8_t> bytes;
+};
+
+struct Rgb {
+  std::uint8_t r, g, b;
+};
+
+// One channel of a bit-field mask: where it sits and how wide it is.
+struct Channel {
+  std::uint32_t mask = 0;
+  int shift = 0;
+  int bits = 0;
+  explicit Channel(std::uint32_t m) : mask(m) {
+    if (m == 0) return;
+    while (!((m >> shift) & 1)) ++shift;
+    while (shift + bits < 32 && ((m >> (shift + bits)) & 1)) ++bits;
+  }
+  std::uint8_t Expand(std::uint32_t value) const {
+    if (bits == 0) return 0;
+    std::uint32_t v = (value & mask) >> shift;
+    if (bits >= 8) return static_cast<std::uint8_t>(v >> (bits - 8));
+    // Replicate the high bits into the low ones, as an 8-bit expansion does.
+    std::uint32_t out = 0;
+    for (int filled = 0; filled < 8; filled += bits) out = (out << bits) | v;
+    return static_cast<std::uint8_t>(out >> (((8 + bits - 1) / bits) * bits - 8));
+  }
+};
+
+struct Header {
+  std::int64_t width = 0;
+  std::int64_t height = 0;  // positive: bottom-up
+  int bitCount = 0;
+  std::uint32_t compression = kRgb;
+  std::size_t paletteOffset = 0;
+  std::size_t paletteEntrySize = 4;
+  std::uint32_t paletteCount = 0;
+  std::uint32_t masks[3] = {0, 0, 0};
+  std::size_t pixelOffset = 0;
+};
+
+std::optional<Header> ReadHeader(const ByteReader& in) {
+  if (!in.Has(0, 18) || in.U16(0) != 0x4D42) return std::nullopt;  // "BM"
+  Header h;
+  h.pixelOffset = in.U32(10);
+  const std::uint32_t infoSize = in.U32(14);
+  if (infoSize == 12) {  // the old core header: 16-bit sizes, 3-byte palette entries
+    if (!in.Has(14, 12)) return std::nullopt;
+    h.width = in.U16(18);
+    h.height = static_cast<std::int16_t>(in.U16(20));
+    h.bitCount = static_cast<int>(in.U16(24));
+    h.paletteEntrySize = 3;
+  } else if (infoSize >= 40 && infoSize <= 1024) {
+    if (!in.Has(14, infoSize)) return std::nullopt;
+    h.width = static_cast<std::int32_t>(in.U32(18));
+    h.height = static_cast<std::int32_t>(in.U32(22));
+    h.bitCount = static_cast<int>(in.U16(28));
+    h.compression = in.U32(30);
+    h.paletteCount = in.U32(46);
+    if (h.compression == kBitFields) {
+      // Masks follow a 40-byte header, or sit inside a larger one at the same place.
+      if (!in.Has(54, 12)) return std::nullopt;
+      for (int i = 0; i < 3; ++i) h.masks[i] = in.U32(54 + 4 * i);
+    }
+  } else {
+    return std::nullopt;
+  }
+  h.paletteOffset = 14 + infoSize + ((h.compression == kBitFields && infoSize == 40) ? 12 : 0);
+  return h;
+}
+
+bool ValidShape(const Header& h) {
+  const std::int64_t rows = h.height < 0 ? -h.height : h.height;
+  if (h.width <= 0 || rows <= 0 || h.width * rows > kMaxPixels) return false;
+  switch (h.bitCount) {
+    case 1: case 4: case 8: case 24: return h.compression == kRgb;
+    case 16: case 32: return h.compression == kRgb || h.compression == kBitFields;
+    default: return false;
+  }
+}
+
+std::optional<std::vector<Rgb>> ReadPalette(const ByteReader& in, const Header& h) {
+  std::vector<Rgb> palette;
+  if (h.bitCount > 8) return palette;
+  std::uint32_t count = h.paletteCount == 0 ? (1u << h.bitCount) : h.paletteCount;
+  if (count > 256) count = 256;
+  if (!in.Has(h.paletteOffset, count * h.paletteEntrySize)) return std::nullopt;
+  for (std::uint32_t i = 0; i < count; ++i) {
+    const std::size_t o = h.paletteOffset + i * h.paletteEntrySize;
+    palette.push_back({in.At(o + 2), in.At(o + 1), in.At(o)});
+  }
+  palette.resize(256, Rgb{0, 0, 0});  // indices past the table show black
+  return palette;
+}
+
+}  // namespace
+
+std::optional<Image565> DecodeBitmap(std::span<const std::uint8_t> bytes) {
+  const ByteReader in(bytes);
+  const auto header = ReadHeader(in);
+  if (!header || !ValidShape(*header)) return std::nullopt;
+  const Header& h = *header;
+  const auto palette = ReadPalette(in, h);
+  if (!palette) return std::nullopt;
+
+  const int width = static_cast<int>(h.width);
+  const int height = static_cast<int>(h.height < 0 ? -h.height : h.height);
+  const std::size_t stride = ((static_cast<std::size_t>(width) * h.bitCount + 31) / 32) * 4;
+  if (!in.Has(h.pixelOffset, stride * height)) return std::nullopt;
+
+  std::uint32_t defaultMasks[3] = {0x7C00, 0x03E0, 0x001F};
+  if (h.bitCount == 32) {
+    defaultMasks[0] = 0xFF0000; defaultMasks[1] = 0xFF00; defaultMasks[2] = 0xFF;
+  }
+  const bool fields = h.compression == kBitFields;
+  const Channel red(fields ? h.masks[0] : defaultMasks[0]);
+  const Channel green(fields ? h.masks[1] : defaultMasks[1]);
+  const Channel blue(fields ? h.masks[2] : defaultMasks[2]);
+
+  Image565 image;
+  image.width = width;
+  image.height = height;
+  image.pixels.resize(static_cast<std::size_t>(width) * height);
+  for (int row = 0; row < height; ++row) {
+    const int fileRow = h.height > 0 ? height - 1 - row : row;
+    const std::size_t base = h.pixelOffset + stride * fileRow;
+    std::uint16_t* out = image.pixels.data() + static_cast<std::size_t>(row) * width;
+    for (int x = 0; x < width; ++x) {
+      Rgb c{0, 0, 0};
+      switch (h.bitCount) {
+        case 1: case 4: case 8: {
+          const std::size_t bit = static_cast<std::size_t>(x) * h.bitCount;
+          const int shift = 8 - h.bitCount - static_cast<int>(bit % 8);
+          c = (*palette)[(in.At(base + bit / 8) >> shift) & ((1 << h.bitCount) - 1)];
+          break;
+        }
+        case 16: {
+          const std::uint32_t v = in.U16(base + 2 * x);
+          c = {red.Expand(v), green.Expand(v), blue.Expand(v)};
+          break;
+        }
+        case 24:
+          c = {in.At(base + 3 * x + 2), in.At(base + 3 * x + 1), in.At(base + 3 * x)};
+          break;
+        case 32: {
+          const std::uint32_t v = in.U32(base + 4 * x);
+          c = {red.Expand(v), green.Expand(v), blue.Expand(v)};
+          break;
+        }
+      }
+      out[x] = Rgb565(c.r, c.g, c.b);
+    }
+  }
+  return image;
+}
+
+std::optional<Image565> LoadBitmapFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return std::nullopt;
+  std::vector<std::uint8_t> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  return DecodeBitmap(bytes);
+}
+
+}  // namespace platform
