@@ -1,0 +1,80 @@
+#pragma once
+// The backend of tests, benchmarks and the screenshot tour: a manual clock, input that
+// the caller injects, frames that can be read back, and message boxes that are captured
+// instead of shown.
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/Backend.h"
+#include "platform/Surface.h"
+
+namespace platform {
+
+class HeadlessBackend : public Backend {
+ public:
+  struct CapturedBox {
+    std::string text;
+    std::string caption;
+  };
+
+  explicit HeadlessBackend(std::uint32_t startTime = 100000);
+
+  std::uint32_t TickCount() override { return now; }
+  OpenResult OpenWindow(const std::string& title, int width, int height, bool windowed) override;
+  void CloseWindow() override { windowOpen = false; }
+  void ShowFrame(const Surface& frame) override;
+  void PollInput() override;
+  void WaitInput(std::uint32_t timeoutMs) override;
+  void ShowMessageBox(const std::string& text, const std::string& caption) override;
+  void ShowSystemCursor(bool visible) override { systemCursorVisible = visible; }
+
+  // The clock moves only when told to, or when the game waits for input.
+  void Advance(std::uint32_t ms) { now += ms; }
+  void SetTime(std::uint32_t ms) { now = ms; }
+
+  // Input arrives at the given time (now, when 0 is given as delay), in order.
+  void Queue(std::uint32_t message, WParam wParam, LParam lParam, std::uint32_t delayMs = 0);
+  void KeyPress(std::uint32_t virtualKey, std::uint32_t delayMs = 0);  // key down, char if any
+  void TypeText(const std::string& text, std::uint32_t delayMs = 0);   // char messages
+  void MouseMove(int x, int y, std::uint32_t delayMs = 0);
+  void LeftClick(int x, int y, std::uint32_t delayMs = 0);             // move, down, up
+  void RightClick(int x, int y, std::uint32_t delayMs = 0);
+  bool InputPending() const { return !pending.empty(); }
+
+  // Fault injection: the window fails to open with the given result.
+  void FailOpen(OpenResult result) { openFailure = result; }
+
+  bool WindowOpen() const { return windowOpen; }
+  bool Windowed() const { return windowed; }
+  bool SystemCursorVisible() const { return systemCursorVisible; }
+  int FramesShown() const { return framesShown; }
+  // The last frame put on the (imaginary) screen, 640 x 480 pixels, row by row.
+  const std::vector<std::uint16_t>& LastFrame() const { return lastFrame; }
+  int FrameWidth() const { return frameWidth; }
+  int FrameHeight() const { return frameHeight; }
+  const std::vector<CapturedBox>& MessageBoxes() const { return boxes; }
+
+ private:
+  struct Pending {
+    std::uint32_t due;
+    std::uint32_t message;
+    WParam wParam;
+    LParam lParam;
+  };
+
+  std::uint32_t now;
+  std::deque<Pending> pending;
+  std::vector<CapturedBox> boxes;
+  std::vector<std::uint16_t> lastFrame;
+  int frameWidth = 0;
+  int frameHeight = 0;
+  int framesShown = 0;
+  bool windowOpen = false;
+  bool windowed = false;
+  bool systemCursorVisible = true;
+  OpenResult openFailure = OpenResult::Ok;
+};
+
+}  // namespace platform

@@ -1,0 +1,242 @@
+#include "platform/SdlBackend.h"
+
+#include <SDL.h>
+#include <time.h>
+
+#include "platform/Cp1252.h"
+#include "platform/Surface.h"
+#include "platform/Window.h"
+
+namespace platform {
+namespace {
+
+std::uint32_t VirtualKeyFor(SDL_Keycode key) {
+  if (key >= SDLK_a && key <= SDLK_z) return 0x41 + (key - SDLK_a);
+  if (key >= SDLK_0 && key <= SDLK_9) return 0x30 + (key - SDLK_0);
+  if (key >= SDLK_F1 && key <= SDLK_F12) return VK_F1 + (key - SDLK_F1);
+  // Keypad keys give their keypad codes whatever the Num Lock state.
+  if (key >= SDLK_KP_1 && key <= SDLK_KP_9) return VK_NUMPAD0 + 1 + (key - SDLK_KP_1);
+  switch (key) {
+    case SDLK_KP_0: return VK_NUMPAD0;
+    case SDLK_KP_PERIOD: return VK_DECIMAL;
+    case SDLK_KP_MULTIPLY: return VK_MULTIPLY;
+    case SDLK_KP_PLUS: return VK_ADD;
+    case SDLK_KP_MINUS: return VK_SUBTRACT;
+    case SDLK_KP_DIVIDE: return VK_DIVIDE;
+    case SDLK_KP_ENTER: return VK_RETURN;
+    case SDLK_RETURN: return VK_RETURN;
+    case SDLK_BACKSPACE: return VK_BACK;
+    case SDLK_TAB: return VK_TAB;
+    case SDLK_ESCAPE: return VK_ESCAPE;
+    case SDLK_SPACE: return VK_SPACE;
+    case SDLK_LEFT: return VK_LEFT;
+    case SDLK_UP: return VK_UP;
+    case SDLK_RIGHT: return VK_RIGHT;
+    case SDLK_DOWN: return VK_DOWN;
+    case SDLK_PAGEUP: return VK_PRIOR;
+    case SDLK_PAGEDOWN: return VK_NEXT;
+    case SDLK_HOME: return VK_HOME;
+    case SDLK_END: return VK_END;
+    case SDLK_INSERT: return VK_INSERT;
+    case SDLK_DELETE: return VK_DELETE;
+    case SDLK_LSHIFT: case SDLK_RSHIFT: return VK_SHIFT;
+    case SDLK_LCTRL: case SDLK_RCTRL: return VK_CONTROL;
+    case SDLK_LALT: case SDLK_RALT: return VK_MENU;
+    case SDLK_SEMICOLON: return 0xBA;
+    case SDLK_EQUALS: return 0xBB;
+    case SDLK_COMMA: return 0xBC;
+    case SDLK_MINUS: return 0xBD;
+    case SDLK_PERIOD: return 0xBE;
+    case SDLK_SLASH: return 0xBF;
+    case SDLK_BACKQUOTE: return 0xC0;
+    case SDLK_LEFTBRACKET: return 0xDB;
+    case SDLK_BACKSLASH: return 0xDC;
+    case SDLK_RIGHTBRACKET: return 0xDD;
+    case SDLK_QUOTE: return 0xDE;
+    default: return 0;
+  }
+}
+
+WParam MouseButtons() {
+  const std::uint32_t state = SDL_GetMouseState(nullptr, nullptr);
+  WParam buttons = 0;
+  if (state & SDL_BUTTON(SDL_BUTTON_LEFT)) buttons |= MK_LBUTTON;
+  if (state & SDL_BUTTON(SDL_BUTTON_RIGHT)) buttons |= MK_RBUTTON;
+  return buttons;
+}
+
+}  // namespace
+
+struct SdlBackend::Impl {
+  SDL_Window* window = nullptr;
+  SDL_Renderer* renderer = nullptr;
+  SDL_Texture* texture = nullptr;
+  bool videoStarted = false;
+  bool fullScreen = false;
+  int width = 640;
+  int height = 480;
+
+  void Redraw() {
+    if (!renderer || !texture) return;
+    SDL_SetRenderDrawColor(renderer, 0, 0, 0, 255);
+    SDL_RenderClear(renderer);
+    SDL_RenderCopy(renderer, texture, nullptr, nullptr);
+    SDL_RenderPresent(renderer);
+  }
+
+  // A windowed game opens at the largest whole-number scale that fits the desktop.
+  int WindowScale() const {
+    SDL_Rect usable;
+    if (SDL_GetDisplayUsableBounds(0, &usable) != 0) return 1;
+    const int byWidth = usable.w / width;
+    const int byHeight = (usable.h - 40) / height;  // room for the title bar
+    const int scale = byWidth < byHeight ? byWidth : byHeight;
+    return scale < 1 ? 1 : scale;
+  }
+
+  void ToggleFullScreen() {
+    if (!window) return;
+    fullScreen = !fullScreen;
+    SDL_SetWindowFullscreen(window, fullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
+    if (!fullScreen) {
+      const int scale = WindowScale();
+      SDL_SetWindowSize(window, width * scale, height * scale);
+      SDL_SetWindowPosition(window, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
+    }
+    Redraw();
+  }
+
+  void Translate(const SDL_Event& e) {
+    switch (e.type) {
+      case SDL_QUIT:
+        PostInput(WM_CLOSE, 0, 0);
+        break;
+      case SDL_WINDOWEVENT:
+        if (e.window.event == SDL_WINDOWEVENT_FOCUS_GAINED) PostInput(WM_ACTIVATE, 1, 0);
+        if (e.window.event == SDL_WINDOWEVENT_FOCUS_LOST) PostInput(WM_ACTIVATE, 0, 0);
+        if (e.window.event == SDL_WINDOWEVENT_EXPOSED || e.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) Redraw();
+        break;
+      case SDL_KEYDOWN: {
+        const SDL_Keycode key = e.key.keysym.sym;
+        if ((key == SDLK_RETURN || key == SDLK_KP_ENTER) && (e.key.keysym.mod & KMOD_ALT)) {
+          if (!e.key.repeat) ToggleFullScreen();
+          break;
+        }
+        const std::uint32_t vk = VirtualKeyFor(key);
+        if (vk == 0) break;
+        PostInput(WM_KEYDOWN, vk, e.key.repeat ? static_cast<LParam>(0x40000001) : 1);
+        if (vk == VK_BACK || vk == VK_RETURN) PostInput(WM_CHAR, vk, 1);
+        break;
+      }
+      case SDL_KEYUP: {
+        const std::uint32_t vk = VirtualKeyFor(e.key.keysym.sym);
+        if (vk != 0) PostInput(WM_KEYUP, vk, static_cast<LParam>(0xC0000001u));
+        break;
+      }
+      case SDL_TEXTINPUT:
+        for (char c : Utf8ToCp1252(e.text.text)) PostInput(WM_CHAR, static_cast<unsigned char>(c), 1);
+        break;
+      case SDL_MOUSEMOTION:
+        PostInput(WM_MOUSEMOVE, MouseButtons(), PackPoint(e.motion.x, e.motion.y));
+        break;
+      case SDL_MOUSEBUTTONDOWN:
+      case SDL_MOUSEBUTTONUP: {
+        const bool down = e.type == SDL_MOUSEBUTTONDOWN;
+        std::uint32_t message = 0;
+        if (e.button.button == SDL_BUTTON_LEFT) message = down ? WM_LBUTTONDOWN : WM_LBUTTONUP;
+        if (e.button.button == SDL_BUTTON_RIGHT) message = down ? WM_RBUTTONDOWN : WM_RBUTTONUP;
+        if (message != 0) PostInput(message, MouseButtons(), PackPoint(e.button.x, e.button.y));
+        break;
+      }
+      default:
+        break;
+    }
+  }
+};
+
+SdlBackend::SdlBackend() : impl(std::make_unique<Impl>()) {}
+
+SdlBackend::~SdlBackend() {
+  CloseWindow();
+  if (impl->videoStarted) SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+std::uint32_t SdlBackend::TickCount() {
+  // Milliseconds since the system started, like the clock the game was written for.
+  timespec ts{};
+  clock_gettime(CLOCK_MONOTONIC, &ts);
+  return static_cast<std::uint32_t>(static_cast<std::uint64_t>(ts.tv_sec) * 1000u + ts.tv_nsec / 1000000);
+}
+
+OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int height, bool windowed) {
+  Impl& s = *impl;
+  s.width = width;
+  s.height = height;
+  if (!s.videoStarted) {
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return OpenResult::NoVideo;
+    s.videoStarted = true;
+  }
+  SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "0");
+  SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+  s.fullScreen = !windowed;
+  const int scale = windowed ? s.WindowScale() : 1;
+  const std::uint32_t flags = SDL_WINDOW_RESIZABLE | (windowed ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+  s.window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width * scale,
+                              height * scale, flags);
+  if (!s.window) return windowed ? OpenResult::NoWindow : OpenResult::NoDisplayMode;
+  SDL_SetWindowMinimumSize(s.window, width, height);
+  s.renderer = SDL_CreateRenderer(s.window, -1, SDL_RENDERER_ACCELERATED);
+  if (!s.renderer) s.renderer = SDL_CreateRenderer(s.window, -1, SDL_RENDERER_SOFTWARE);
+  if (!s.renderer) return OpenResult::NoCooperation;
+  SDL_RenderSetLogicalSize(s.renderer, width, height);
+  s.texture = SDL_CreateTexture(s.renderer, SDL_PIXELFORMAT_RGB565, SDL_TEXTUREACCESS_STREAMING, width, height);
+  if (!s.texture) return OpenResult::NoSurface;
+  SDL_StartTextInput();
+  s.Redraw();
+  return OpenResult::Ok;
+}
+
+void SdlBackend::CloseWindow() {
+  Impl& s = *impl;
+  if (s.texture) SDL_DestroyTexture(s.texture);
+  if (s.renderer) SDL_DestroyRenderer(s.renderer);
+  if (s.window) SDL_DestroyWindow(s.window);
+  s.texture = nullptr;
+  s.renderer = nullptr;
+  s.window = nullptr;
+}
+
+void SdlBackend::ShowFrame(const Surface& frame) {
+  Impl& s = *impl;
+  if (!s.texture || frame.Width() != s.width || frame.Height() != s.height) return;
+  SDL_UpdateTexture(s.texture, nullptr, frame.Pixels(), frame.Pitch() * 2);
+  s.Redraw();
+}
+
+void SdlBackend::PollInput() {
+  if (!impl->videoStarted) return;
+  SDL_Event e;
+  while (SDL_PollEvent(&e)) impl->Translate(e);
+}
+
+void SdlBackend::WaitInput(std::uint32_t timeoutMs) {
+  if (!impl->videoStarted) {
+    SDL_Delay(timeoutMs);
+    return;
+  }
+  const int limit = timeoutMs > 1000 ? 1000 : static_cast<int>(timeoutMs);
+  SDL_WaitEventTimeout(nullptr, limit);
+}
+
+void SdlBackend::ShowMessageBox(const std::string& text, const std::string& caption) {
+  if (impl->window) SDL_SetWindowFullscreen(impl->window, 0);  // a box must not hide behind the game
+  SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, Cp1252ToUtf8(caption).c_str(), Cp1252ToUtf8(text).c_str(),
+                           impl->window);
+  if (impl->window && impl->fullScreen) SDL_SetWindowFullscreen(impl->window, SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
+
+void SdlBackend::ShowSystemCursor(bool visible) { SDL_ShowCursor(visible ? SDL_ENABLE : SDL_DISABLE); }
+
+std::string SdlBackend::LastError() { return SDL_GetError(); }
+
+}  // namespace platform

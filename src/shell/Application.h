@@ -1,0 +1,45 @@
+#pragma once
+// The program from start to end: start-up in its fixed order, the main loop that
+// alternates between messages and frames, and shutdown.
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "graphics/Display.h"
+#include "shell/ModeStack.h"
+
+class GameMode;
+
+class Application {
+ public:
+  // The first screen of the game, made by start-up.
+  using FirstScreenFactory = std::function<GameMode*()>;
+
+  Application();
+  ~Application();
+
+  // Returns 1 on success; 0 when the display could not be set up.
+  int StartUp(const std::string& commandLine, const FirstScreenFactory& makeFirstScreen);
+  // Runs until the window is gone; returns the exit code of the quit message.
+  int Run();
+  // Runs for the given milliseconds of the clock; false once the loop has ended.
+  bool RunFor(std::uint32_t milliseconds);
+  void ShutDown();
+
+  int ExitCode() const { return exitCode; }
+  bool Ended() const { return ended; }
+
+  // Constructed in this order, destroyed in the reverse.
+  Display display;
+  ModeStack modeStack;
+
+ private:
+  // One pass of the loop: a message, or a frame when one is due, or a wait.
+  bool Step(std::uint32_t maxWait);
+
+  int exitCode = 0;
+  bool ended = false;
+};
+
+// The random seed: the tick count, or QUARNWICK_SEED when it is set.
+std::uint32_t StartingSeed();
