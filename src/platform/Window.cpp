@@ -20,6 +20,7 @@ struct WindowState {
   Backend* backend = nullptr;
   WindowProc procedure = nullptr;
   bool exists = false;
+  bool destroying = false;  // WM_DESTROY is under way: a second destroy does nothing
   bool invalid = false;
   bool quitPosted = false;
   int quitCode = 0;
@@ -83,8 +84,10 @@ bool WindowExists() { return State().exists; }
 
 bool DestroyWindow(WindowHandle window) {
   WindowState& s = State();
-  if (window != kMainWindow || !s.exists) return false;
+  if (window != kMainWindow || !s.exists || s.destroying) return false;
+  s.destroying = true;
   SendMessage(kMainWindow, WM_DESTROY, 0, 0);
+  s.destroying = false;
   s.exists = false;
   s.invalid = false;
   s.timers.clear();

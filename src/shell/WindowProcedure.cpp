@@ -14,8 +14,12 @@ void Fatal(WindowHandle window, const char* text) {
   platform::DestroyWindow(window);
 }
 
-// Carries out the top screen's request after it has handled a message.
-void ChangeScreens(WindowHandle window) {
+// True while a change of screens is under way. Message boxes and DestroyWindow send
+// messages back into the window procedure; those still reach the old screen, but must not
+// carry out its request a second time.
+bool changing = false;
+
+void ChangeScreensNow(WindowHandle window) {
   GameMode* old = currentScreen;
   if (old->state == kStatePush) {
     old->Deactivate();
@@ -23,6 +27,7 @@ void ChangeScreens(WindowHandle window) {
     else Fatal(window, "No new game mode; expected one!");
   } else if (old->state == kStateLeave) {
     GameMode* popped = theModeStack->Pop();
+    currentScreen = nullptr;  // messages sent while it goes must not reach a deleted screen
     popped->Deactivate();
     delete popped;
     if (pendingScreen) theModeStack->Push(pendingScreen);
@@ -36,6 +41,14 @@ void ChangeScreens(WindowHandle window) {
     currentScreen->state = kStateNone;
     platform::InvalidateRect(window);
   }
+}
+
+// Carries out the top screen's request after it has handled a message.
+void ChangeScreens(WindowHandle window) {
+  if (changing) return;
+  changing = true;
+  ChangeScreensNow(window);
+  changing = false;
 }
 
 LResult HandleShortcut(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {

@@ -1,0 +1,212 @@
+// Pictures on the display: clipping, opaque, keyed and additive drawing, mirroring,
+// surface loss and reloading, and text in its rectangle.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "graphics/Blit.h"
+#include "graphics/Picture.h"
+#include "graphics/Text.h"
+#include "platform/DataPath.h"
+#include "platform/Window.h"
+#include "support/BitmapBytes.h"
+#include "support/HeadlessGame.h"
+
+namespace {
+
+// A game on the headless backend in full-screen mode (drawing goes to the back buffer).
+class DrawingTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder = std::filesystem::temp_directory_path() / ("quarnwick-drawing-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder / "dat");
+    platform::SetDataRoot(folder.string());
+    game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
+    ASSERT_EQ(game->started, 1);
+    target = theDisplay->DrawTarget();
+    theDisplay->ClearScreen(0, 0, 0);
+  }
+  void TearDown() override {
+    game.reset();
+    std::filesystem::remove_all(folder);
+  }
+  // A picture whose every pixel tells where it came from: 1 + x + 100 y.
+  void Numbered(Picture& picture, int w, int h) {
+    picture.CreateBlank(w, h);
+    for (int y = 0; y < h; ++y)
+      for (int x = 0; x < w; ++x) picture.surface->Pixels()[y * picture.surface->Pitch() + x] = Numbering(x, y);
+  }
+  static std::uint16_t Numbering(int x, int y) { return static_cast<std::uint16_t>(1 + x + 100 * y); }
+  int Changed() const {
+    int n = 0;
+    for (int y = 0; y < 480; ++y)
+      for (int x = 0; x < 640; ++x) n += target->At(x, y) != 0;
+    return n;
+  }
+
+  std::filesystem::path folder;
+  std::unique_ptr<HeadlessGame> game;
+  Surface* target = nullptr;
+};
+
+TEST_F(DrawingTest, PicturesAreClippedToTheClipRectangle) {
+  Picture picture;
+  Numbered(picture, 100, 60);
+  // Centred at (10, 10): the lower-right part from source (40, 20) lands at (0, 0).
+  EXPECT_EQ(picture.DrawOpaque(10, 10, 0), 0);
+  EXPECT_EQ(target->At(0, 0), Numbering(40, 20));
+  EXPECT_EQ(target->At(59, 39), Numbering(99, 59));
+  EXPECT_EQ(target->At(60, 0), 0);
+  EXPECT_EQ(Changed(), 60 * 40);
+
+  // At the right edge only the left 40 columns show.
+  theDisplay->ClearScreen(0, 0, 0);
+  EXPECT_EQ(picture.DrawOpaque(600, 0, 1), 0);
+  EXPECT_EQ(target->At(600, 0), Numbering(0, 0));
+  EXPECT_EQ(target->At(639, 59), Numbering(39, 59));
+  EXPECT_EQ(Changed(), 40 * 60);
+
+  // A smaller clip rectangle; wholly outside draws nothing.
+  theDisplay->ClearScreen(0, 0, 0);
+  theDisplay->ClipRect = {100, 100, 150, 120};
+  EXPECT_EQ(picture.DrawOpaque(90, 95, 1), 0);
+  EXPECT_EQ(target->At(100, 100), Numbering(10, 5));
+  EXPECT_EQ(Changed(), 50 * 20);
+  theDisplay->ClearScreen(0, 0, 0);
+  EXPECT_EQ(picture.DrawOpaque(300, 300, 1), 0);
+  EXPECT_EQ(picture.DrawOpaque(-100, 100, 1), 0);
+  EXPECT_EQ(Changed(), 0);
+}
+
+TEST_F(DrawingTest, KeyedAndAdditiveDrawing) {
+  Picture sprite;
+  sprite.CreateBlank(3, 1);
+  std::uint16_t* p = sprite.surface->Pixels();
+  p[0] = 0;       // the key
+  p[1] = 1;       // darkest blue: not the key
+  p[2] = 0xFFFF;  // white
+  theDisplay->ClearScreen(0, 200, 0);
+  const std::uint16_t green = target->At(0, 0);
+  sprite.DrawKeyed(10, 10, 1);
+  EXPECT_EQ(target->At(10, 10), green);
+  EXPECT_EQ(target->At(11, 10), 1);
+  EXPECT_EQ(target->At(12, 10), 0xFFFF);
+  sprite.DrawOpaque(10, 20, 1);
+  EXPECT_EQ(target->At(10, 20), 0);
+
+  // Additive: black adds nothing, white saturates, channels add without carrying.
+  Picture glow;
+  glow.CreateBlank(3, 1);
+  std::uint16_t* g = glow.surface->Pixels();
+  g[0] = 0;
+  g[1] = 0xFFFF;
+  g[2] = platform::Rgb565(128, 40, 200);
+  theDisplay->ClearScreen(0, 0, 0);
+  theDisplay->ClipRect = {0, 0, 640, 480};
+  for (int x = 0; x < 3; ++x) target->Pixels()[30 * target->Pitch() + 30 + x] = platform::Rgb565(160, 100, 16);
+  glow.DrawAdditive(30, 30, 1);
+  EndAdditive();
+  EXPECT_EQ(target->At(30, 30), platform::Rgb565(160, 100, 16));
+  EXPECT_EQ(target->At(31, 30), 0xFFFF);
+  EXPECT_EQ(target->At(32, 30), platform::Rgb565(255, 140, 216));
+  EXPECT_FALSE(target->IsLocked());
+
+  // A blank picture is all key.
+  Picture blank;
+  blank.CreateBlank(20, 20);
+  blank.DrawKeyed(100, 100, 1);
+  EXPECT_EQ(Changed(), 3);
+}
+
+TEST_F(DrawingTest, MirrorTwiceRestoresAPicture) {
+  for (int width : {1, 3, 4, 7}) {
+    Picture picture;
+    Numbered(picture, width, 2);
+    picture.Mirror();
+    for (int x = 0; x < width; ++x) EXPECT_EQ(picture.surface->At(x, 1), Numbering(width - 1 - x, 1));
+    picture.Mirror();
+    for (int x = 0; x < width; ++x) EXPECT_EQ(picture.surface->At(x, 0), Numbering(x, 0));
+  }
+}
+
+TEST_F(DrawingTest, LostSurfacesComeBackFromTheirFiles) {
+  BitmapSpec spec{2, 2, 24, false, {}, {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF}, {}};
+  WriteFile((folder / "dat" / "card.bmp").string(), MakeBitmap(spec));
+  Picture card, missing;
+  card.LoadPicture("dat\\card.bmp");
+  missing.LoadPicture("dat\\nowhere.bmp");
+  ASSERT_EQ(card.Width(), 2);
+  EXPECT_EQ(missing.Width(), 0);
+  EXPECT_EQ(missing.DrawKeyed(5, 5, 1), 0) << "a missing picture draws nothing and is no failure";
+
+  Surface::LoseAll();
+  // The first drawing call after the loss restores the display and draws nothing.
+  EXPECT_EQ(card.DrawOpaque(0, 0, 1), 1);
+  EXPECT_FALSE(target->IsLost());
+  theDisplay->ClearScreen(0, 0, 0);
+  EXPECT_EQ(card.DrawOpaque(0, 0, 1), 0);
+  EXPECT_EQ(target->At(0, 0), platform::Rgb565(255, 0, 0));
+  EXPECT_EQ(target->At(1, 1), platform::Rgb565(255, 255, 255));
+}
+
+TEST_F(DrawingTest, TextIsAlignedWrappedAndClipped) {
+  SetTextColour(255, 255, 255);
+  SetTextTransparent(1);
+  auto columns = [&](const Rect& r) {
+    int first = 640, last = -1;
+    for (int y = 0; y < 480; ++y)
+      for (int x = 0; x < 640; ++x)
+        if (target->At(x, y) != 0) {
+          EXPECT_TRUE(x >= r.left && x < r.right && y >= r.top && y < r.bottom) << x << "," << y;
+          first = std::min(first, x);
+          last = std::max(last, x);
+        }
+    return std::pair(first, last);
+  };
+  const Rect box{100, 50, 500, 90};
+  DrawTextBox(1, "Battle!", box, nullptr, DT_LEFT);
+  const auto [leftFirst, leftLast] = columns(box);
+  EXPECT_LE(leftFirst - box.left, 2);
+  theDisplay->ClearScreen(0, 0, 0);
+  DrawTextBox(1, "Battle!", box, nullptr, DT_RIGHT);
+  const auto [rightFirst, rightLast] = columns(box);
+  EXPECT_LE(box.right - 1 - rightLast, 2);
+  EXPECT_EQ(rightLast - rightFirst, leftLast - leftFirst);
+  theDisplay->ClearScreen(0, 0, 0);
+  DrawTextBox(1, "Battle!", box, nullptr, DT_CENTER);
+  const auto [centreFirst, centreLast] = columns(box);
+  EXPECT_NEAR(centreFirst - box.left, box.right - 1 - centreLast, 2);
+
+  // Wrapping makes more lines; without it the text is cut at the rectangle.
+  const char* longText = "The wizards of the island wait in their towers, one for every tier.";
+  const Rect narrow{20, 100, 140, 300};
+  theDisplay->ClearScreen(0, 0, 0);
+  const int oneLine = DrawTextBox(1, longText, narrow, nullptr, DT_LEFT);
+  columns(narrow);
+  theDisplay->ClearScreen(0, 0, 0);
+  const int wrapped = DrawTextBox(1, longText, narrow, nullptr, DT_LEFT | DT_WORDBREAK);
+  columns(narrow);
+  EXPECT_GT(oneLine, 0);
+  EXPECT_GE(wrapped, 4 * oneLine);
+  EXPECT_EQ(wrapped % oneLine, 0);
+
+  // Opaque text fills its cell with the back colour, dark blue after start-up.
+  theDisplay->ClearScreen(0, 0, 0);
+  SetTextTransparent(0);
+  DrawTextBox(1, "Mookie", box, nullptr, DT_LEFT);
+  EXPECT_EQ(target->At(box.left, box.top), platform::Rgb565(0, 0, 40));
+  EXPECT_EQ(target->At(box.left, box.top + oneLine), 0) << "only the line's cell";
+  EXPECT_EQ(target->At(box.right - 1, box.top), 0) << "only the text's width";
+}
+
+TEST_F(DrawingTest, EveryFontSlotDrawsText) {
+  for (int slot = 0; slot < 9; ++slot) {
+    theDisplay->ClearScreen(0, 0, 0);
+    const int height = DrawTextBox(slot, "Kindrel 42", {0, 0, 640, 480}, nullptr, DT_LEFT);
+    EXPECT_GT(height, 0) << "slot " << slot;
+    EXPECT_GT(Changed(), 20) << "slot " << slot;
+  }
+  EXPECT_EQ(DrawTextBox(9, "nothing", {0, 0, 640, 480}, nullptr, DT_LEFT), 0) << "an empty slot draws nothing";
+}
+
+}  // namespace

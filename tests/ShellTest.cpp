@@ -1,0 +1,226 @@
+// The application shell on the headless backend: the screen stack and its requests, the
+// shortcuts every screen shares, the frame clock, start-up failures and shutdown.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "shell/CommandLine.h"
+#include "shell/Globals.h"
+#include "shell/ScreenObject.h"
+#include "support/HeadlessGame.h"
+#include "ui/MousePointer.h"
+
+using platform::VK_F11;
+using platform::VK_F12;
+
+namespace {
+
+constexpr std::uint32_t kKeyM = 0x4D;
+
+// Each screen answers one key with one request.
+struct Requests {
+  std::uint32_t key;
+  std::int32_t state;
+  const char* next;  // the pending screen's name, or null
+};
+
+class StackTest : public ::testing::Test {
+ protected:
+  // A probe screen that carries out the requests bound to its keys.
+  ProbeScreen* Make(const char* name, std::vector<Requests> requests = {}) {
+    auto* screen = new ProbeScreen(name, &log);
+    screen->onMessage = [this, screen, requests](std::uint32_t message, WParam wParam, LParam) {
+      if (message != platform::WM_KEYDOWN) return;
+      for (const Requests& r : requests) {
+        if (r.key != wParam) continue;
+        pendingScreen = r.next ? Make(r.next, bound[r.next]) : nullptr;
+        screen->state = r.state;
+      }
+    };
+    return screen;
+  }
+  void Start(const char* first) {
+    game = std::make_unique<HeadlessGame>([this, first] { return Make(first, bound[first]); });
+    ASSERT_EQ(game->started, 1);
+  }
+  void Press(std::uint32_t key) {
+    game->backend.KeyPress(key);
+    game->RunFor(50);
+  }
+
+  std::vector<std::string> log;
+  std::map<std::string, std::vector<Requests>> bound;
+  std::unique_ptr<HeadlessGame> game;
+};
+
+TEST_F(StackTest, PushLeaveAndReplaceActivateOnlyTheNewTop) {
+  bound["A"] = {{'P', kStatePush, "B"}, {'R', kStateLeave, "C"}};
+  bound["B"] = {{'L', kStateLeave, nullptr}};
+  Start("A");
+  auto* a = static_cast<ProbeScreen*>(currentScreen);
+  EXPECT_EQ(log, (std::vector<std::string>{"A activate"}));
+
+  Press('P');
+  EXPECT_STREQ(currentScreen->GetName(), "B");
+  EXPECT_EQ(a->state, kStatePush) << "a screen pushed down keeps its request until it is on top again";
+  Press('L');
+  EXPECT_EQ(currentScreen, a);
+  EXPECT_EQ(a->state, kStateNone);
+  Press('R');
+  EXPECT_STREQ(currentScreen->GetName(), "C");
+  EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "B activate", "B deactivate",
+                                           "B delete", "A activate", "A deactivate", "A delete",
+                                           "C activate"}));
+  EXPECT_TRUE(game->backend.MessageBoxes().empty());
+  EXPECT_FALSE(game->application->Ended());
+}
+
+TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
+  // A push with nothing to push.
+  bound["A"] = {{'P', kStatePush, nullptr}};
+  Start("A");
+  Press('P');
+  ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
+  EXPECT_EQ(game->backend.MessageBoxes()[0].text, "No new game mode; expected one!");
+  EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
+  EXPECT_TRUE(game->application->Ended());
+  EXPECT_FALSE(game->backend.WindowOpen());
+  game.reset();
+
+  // The last screen leaves.
+  log.clear();
+  bound["A"] = {{'L', kStateLeave, nullptr}};
+  Start("A");
+  Press('L');
+  ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
+  EXPECT_EQ(game->backend.MessageBoxes()[0].text, "No game mode on stack; expected one!");
+  EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
+  EXPECT_TRUE(game->application->Ended());
+  EXPECT_EQ(game->application->ExitCode(), 0);
+  EXPECT_EQ(currentScreen, nullptr);
+  EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
+}
+
+TEST_F(StackTest, ShutdownDeactivatesTheTopAndDeletesTopFirst) {
+  bound["A"] = {{'P', kStatePush, "B"}};
+  bound["B"] = {{'P', kStatePush, "C"}};
+  Start("A");
+  Press('P');
+  Press('P');
+  log.clear();
+  game->ShutDown();
+  EXPECT_EQ(log, (std::vector<std::string>{"C deactivate", "C delete", "B delete", "A delete"}));
+  EXPECT_EQ(theMousePointer, nullptr);
+}
+
+TEST_F(StackTest, ShortcutsWorkOnEveryScreen) {
+  Start("A");
+  auto* a = static_cast<ProbeScreen*>(currentScreen);
+  ASSERT_EQ(effectsVolume, 100);
+  Press(kKeyM);
+  EXPECT_EQ(effectsVolume, 0);
+  Press(kKeyM);
+  EXPECT_EQ(effectsVolume, 100);
+
+  // F11 lets the next key through to the screen alone: F12 then does not quit.
+  Press(VK_F11);
+  Press(VK_F12);
+  EXPECT_FALSE(game->application->Ended());
+  EXPECT_EQ(std::count(a->messages.begin(), a->messages.end(), platform::WM_KEYDOWN), 4);
+  // So does M after F11.
+  Press(VK_F11);
+  Press(kKeyM);
+  EXPECT_EQ(effectsVolume, 100);
+
+  // The pointer follows the mouse although the screen ignores mouse moves.
+  game->backend.MouseMove(123, 45);
+  game->RunFor(50);
+  EXPECT_EQ(theMousePointer->x, 123);
+  EXPECT_EQ(theMousePointer->y, 45);
+  EXPECT_EQ(platform::SendMessage(platform::kMainWindow, platform::WM_SETCURSOR, 0, 0), 1);
+
+  Press(VK_F12);
+  EXPECT_TRUE(game->application->Ended());
+  EXPECT_EQ(game->application->ExitCode(), 0);
+  EXPECT_EQ(log, (std::vector<std::string>{"A activate"})) << "the window's end leaves the screens to shutdown";
+}
+
+TEST_F(StackTest, FramesComeAtMostEvery34MillisecondsAndWaitForMessages) {
+  Start("A");
+  auto* a = static_cast<ProbeScreen*>(currentScreen);
+  game->RunFor(1000);
+  ASSERT_GE(a->ticks.size(), 25u);
+  ASSERT_LE(a->ticks.size(), 30u);
+  for (std::size_t i = 1; i < a->ticks.size(); ++i) EXPECT_GE(a->ticks[i] - a->ticks[i - 1], 34u);
+
+  // Messages that wait are handled before the next frame.
+  std::vector<std::string> order;
+  a->onMessage = [&](std::uint32_t message, WParam, LParam) {
+    if (message == platform::WM_KEYDOWN) order.push_back("key");
+  };
+  const std::size_t before = a->ticks.size();
+  game->backend.Advance(200);
+  for (int i = 0; i < 5; ++i) game->backend.KeyPress('A');
+  game->RunFor(1);
+  EXPECT_EQ(order.size(), 5u);
+  EXPECT_LE(a->ticks.size(), before + 1);
+}
+
+TEST(StartUpTest, DisplayFailuresShowTheirReasonAndEndTheProgram) {
+  const std::pair<platform::OpenResult, const char*> cases[] = {
+      {platform::OpenResult::NoVideo, "DirectDrawCreate failed."},
+      {platform::OpenResult::NoDisplayMode, "SetDisplayMode failed."},
+  };
+  for (const auto& [result, text] : cases) {
+    platform::HeadlessBackend backend;
+    backend.FailOpen(result);
+    platform::InstallBackend(&backend);
+    {
+      Application application;
+      bool made = false;
+      EXPECT_EQ(application.StartUp("", [&] {
+        made = true;
+        return nullptr;
+      }), 0);
+      EXPECT_FALSE(made);
+      EXPECT_TRUE(application.Ended());
+    }
+    ASSERT_EQ(backend.MessageBoxes().size(), 1u);
+    EXPECT_EQ(backend.MessageBoxes()[0].text, text);
+    EXPECT_EQ(backend.MessageBoxes()[0].caption, "Game Init Failure");
+    platform::InstallBackend(nullptr);
+  }
+}
+
+TEST(CommandLineTest, SwitchesAndStrayWords) {
+  EXPECT_EQ(ParseCommandLine("").windowed, 0);
+  EXPECT_EQ(ParseCommandLine("-F").windowed, 1);
+  EXPECT_EQ(ParseCommandLine("/f").windowed, 1);
+  EXPECT_EQ(ParseCommandLine("-D 3 -F").windowed, 1);
+  EXPECT_EQ(ParseCommandLine("-D4 /F").windowed, 1);
+  EXPECT_EQ(ParseCommandLine("-T").windowed, 0);
+  EXPECT_EQ(ParseCommandLine("hello -X world -f").windowed, 1);
+  EXPECT_EQ(ParseCommandLine("F").windowed, 0) << "a letter without a switch sign is a word";
+  EXPECT_EQ(ParseCommandLine("-").windowed, 0);
+}
+
+TEST(ScreenObjectTest, EqualityAndNames) {
+  ScreenObject a(7, "MAP_MODE"), b(7, "MAP_MODE"), c(8, "MAP_MODE"), d(7, "map_mode");
+  EXPECT_EQ(a.IsEqual(b), 1);
+  EXPECT_EQ(a.IsDifferent(b), 0);
+  EXPECT_EQ(a.IsEqual(c), 0);
+  EXPECT_EQ(a.IsEqual(d), 0);
+  EXPECT_EQ(a.IsDifferent(d), 1);
+  ScreenObject empty1(3, ""), empty2(3, nullptr);
+  EXPECT_EQ(empty1.IsEqual(empty2), 0);
+  EXPECT_EQ(empty1.IsEqual(empty1), 0);
+
+  const std::string longName(300, 'x');
+  ScreenObject longOne(1, longName.c_str());
+  EXPECT_EQ(std::string(longOne.GetName()), longName.substr(0, 255));
+}
+
+}  // namespace

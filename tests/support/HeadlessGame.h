@@ -1,0 +1,68 @@
+#pragma once
+// A whole game on the headless backend: start-up, the real message loop driven by the
+// manual clock, and shutdown. Tests feed input through `backend` and read state, texts
+// and pixels.
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/HeadlessBackend.h"
+#include "platform/Window.h"
+#include "shell/Application.h"
+#include "shell/GameMode.h"
+
+class HeadlessGame {
+ public:
+  explicit HeadlessGame(Application::FirstScreenFactory first, const std::string& commandLine = "-F") {
+    platform::InstallBackend(&backend);
+    application = std::make_unique<Application>();
+    started = application->StartUp(commandLine, first);
+  }
+  ~HeadlessGame() {
+    if (started && !shutDown) application->ShutDown();
+    application.reset();
+    platform::InstallBackend(nullptr);
+  }
+  void ShutDown() {
+    application->ShutDown();
+    shutDown = true;
+  }
+  bool RunFor(std::uint32_t ms) { return application->RunFor(ms); }
+  Display& display() { return application->display; }
+
+  platform::HeadlessBackend backend;
+  std::unique_ptr<Application> application;
+  int started = 0;
+  bool shutDown = false;
+};
+
+// A screen that writes down what the shell does to it.
+class ProbeScreen : public GameMode {
+ public:
+  ProbeScreen(const char* name, std::vector<std::string>* log) : GameMode(1, name), events(log) {}
+  ~ProbeScreen() override { Note("delete"); }
+  int Activate() override {
+    Note("activate");
+    return 1;
+  }
+  int Deactivate() override {
+    Note("deactivate");
+    return 0;
+  }
+  int Tick(std::uint32_t now) override {
+    ticks.push_back(now);
+    return 1;
+  }
+  LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) override {
+    messages.push_back(message);
+    if (onMessage) onMessage(message, wParam, lParam);
+    return GameMode::HandleMessage(window, message, wParam, lParam);
+  }
+  void Note(const std::string& what) { events->push_back(std::string(GetName()) + " " + what); }
+
+  std::vector<std::string>* events;
+  std::vector<std::uint32_t> ticks;
+  std::vector<std::uint32_t> messages;
+  std::function<void(std::uint32_t, WParam, LParam)> onMessage;
+};
