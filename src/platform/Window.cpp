@@ -1,9 +1,11 @@
 #include "platform/Window.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <deque>
 #include <limits>
 #include <map>
+#include <vector>
 
 #include "platform/Surface.h"
 
@@ -27,6 +29,7 @@ struct WindowState {
   std::deque<Message> posted;
   std::map<std::uintptr_t, Timer> timers;
   const Surface* surface = nullptr;
+  std::vector<std::uint16_t> shownPixels;  // the frame last put on the screen
   std::uint32_t shownChange = 0;
   bool shownOnce = false;
 };
@@ -224,8 +227,17 @@ void RefreshWindow() {
   WindowState& s = State();
   if (!s.exists || !s.surface || !s.backend) return;
   if (s.shownOnce && s.surface->ChangeCount() == s.shownChange) return;
-  s.backend->ShowFrame(*s.surface);
   s.shownChange = s.surface->ChangeCount();
+  // Screens redraw every frame; a frame equal to the one on the screen is not sent again,
+  // which keeps a still screen from costing the upload and scaling of a whole frame.
+  const Surface& frame = *s.surface;
+  const std::size_t size = static_cast<std::size_t>(frame.Pitch()) * frame.Height();
+  if (s.shownOnce && s.shownPixels.size() == size &&
+      std::equal(s.shownPixels.begin(), s.shownPixels.end(), frame.Pixels())) {
+    return;
+  }
+  s.shownPixels.assign(frame.Pixels(), frame.Pixels() + size);
+  s.backend->ShowFrame(frame);
   s.shownOnce = true;
 }
 
