@@ -1,0 +1,135 @@
+// The window's message queue: the order in which messages come, paint and timer messages
+// made only when nothing else waits, destroy and quit, and device input from the backend.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "platform/HeadlessBackend.h"
+#include "platform/Window.h"
+
+using namespace platform;
+
+namespace {
+
+std::vector<Message> received;
+bool validatePaint = true;
+
+LResult Recorder(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
+  received.push_back({window, message, wParam, lParam});
+  if (message == WM_PAINT && !validatePaint) return 0;
+  return DefWindowProc(window, message, wParam, lParam);
+}
+
+class MessageQueueTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    received.clear();
+    validatePaint = true;
+    InstallBackend(&backend);
+    SetWindowProcedure(Recorder);
+    ASSERT_NE(CreateMainWindow("Quarnwick", 640, 480, true), 0u);
+  }
+  void TearDown() override { InstallBackend(nullptr); }
+  // Takes every waiting message through the window procedure; returns their codes.
+  std::vector<std::uint32_t> Drain(int limit = 20) {
+    std::vector<std::uint32_t> codes;
+    Message m;
+    while (limit-- > 0 && PeekMessage(&m)) {
+      if (!GetMessage(&m)) {
+        codes.push_back(WM_QUIT);
+        break;
+      }
+      codes.push_back(m.message);
+      DispatchMessage(m);
+    }
+    return codes;
+  }
+  HeadlessBackend backend;
+};
+
+TEST_F(MessageQueueTest, PostedFirstThenOnePaintThenTimers) {
+  ASSERT_EQ(received.size(), 1u);
+  EXPECT_EQ(received[0].message, WM_ACTIVATE) << "a new window is activated";
+
+  SetTimer(kMainWindow, 1, 0);
+  InvalidateRect(kMainWindow);
+  PostMessage(kMainWindow, WM_KEYDOWN, 'A', 0);
+  InvalidateRect(kMainWindow);
+  PostMessage(kMainWindow, WM_CHAR, 'a', 0);
+  EXPECT_EQ(Drain(), (std::vector<std::uint32_t>{WM_KEYDOWN, WM_CHAR, WM_PAINT}));
+
+  // The shortest timer interval is 10 ms.
+  backend.Advance(9);
+  EXPECT_TRUE(Drain().empty());
+  backend.Advance(1);
+  EXPECT_EQ(Drain(), (std::vector<std::uint32_t>{WM_TIMER}));
+  EXPECT_EQ(MillisecondsToNextTimer(), 10u);
+  KillTimer(kMainWindow, 1);
+  backend.Advance(50);
+  EXPECT_TRUE(Drain().empty());
+
+  // A paint that is not validated keeps coming, but never ahead of posted messages.
+  validatePaint = false;
+  InvalidateRect(kMainWindow);
+  EXPECT_EQ(Drain(3), (std::vector<std::uint32_t>{WM_PAINT, WM_PAINT, WM_PAINT}));
+  PostMessage(kMainWindow, WM_KEYDOWN, 'B', 0);
+  EXPECT_EQ(Drain(2), (std::vector<std::uint32_t>{WM_KEYDOWN, WM_PAINT}));
+  ValidateRect(kMainWindow);
+  EXPECT_TRUE(Drain().empty());
+}
+
+TEST_F(MessageQueueTest, CloseDestroysAndQuitEndsTheQueue) {
+  received.clear();
+  PostMessage(kMainWindow, WM_CLOSE, 0, 0);
+  Drain(1);
+  ASSERT_EQ(received.size(), 2u);
+  EXPECT_EQ(received[1].message, WM_DESTROY) << "closing destroys at once";
+  EXPECT_FALSE(WindowExists());
+  EXPECT_FALSE(backend.WindowOpen());
+  EXPECT_FALSE(PostMessage(kMainWindow, WM_CHAR, 'x', 0)) << "nothing reaches a destroyed window";
+  EXPECT_FALSE(DestroyWindow(kMainWindow));
+
+  PostQuitMessage(3);
+  Message m;
+  ASSERT_TRUE(PeekMessage(&m));
+  EXPECT_EQ(m.message, WM_QUIT);
+  EXPECT_FALSE(GetMessage(&m));
+  EXPECT_EQ(m.wParam, 3u);
+  EXPECT_FALSE(PeekMessage(&m));
+}
+
+TEST_F(MessageQueueTest, DeviceInputArrivesInOrderAndOnTime) {
+  received.clear();
+  backend.LeftClick(630, 470, 20);
+  backend.KeyPress(VK_RETURN);
+  backend.TypeText("Mo");
+  EXPECT_TRUE(Drain().empty()) << "nothing is due yet";
+  backend.Advance(20);
+  const auto codes = Drain();
+  EXPECT_EQ(codes, (std::vector<std::uint32_t>{WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_KEYDOWN, WM_CHAR,
+                                               WM_KEYUP, WM_CHAR, WM_CHAR}));
+  ASSERT_EQ(received.size(), codes.size());
+  EXPECT_EQ(PointX(received[1].lParam), 630);
+  EXPECT_EQ(PointY(received[1].lParam), 470);
+  EXPECT_EQ(received[4].wParam, 13u);
+  EXPECT_EQ(received[6].wParam, static_cast<WParam>('M'));
+  EXPECT_EQ(received[7].wParam, static_cast<WParam>('o'));
+
+  // Points off the frame keep their sign.
+  const LParam packed = PackPoint(-5, -300);
+  EXPECT_EQ(PointX(packed), -5);
+  EXPECT_EQ(PointY(packed), -300);
+
+  // Waiting for input jumps the clock to the input, never past the timeout.
+  const std::uint32_t start = GetTickCount();
+  backend.KeyPress('Z', 30);
+  WaitForInput(100);
+  EXPECT_EQ(GetTickCount() - start, 30u);
+  WaitForInput(100);
+  EXPECT_EQ(GetTickCount() - start, 30u) << "input is waiting: no wait";
+  Drain();
+  WaitForInput(100);
+  EXPECT_EQ(GetTickCount() - start, 130u);
+}
+
+}  // namespace
