@@ -223,6 +223,18 @@ void SetWindowSurface(const Surface* surface) {
   State().shownOnce = false;
 }
 
+namespace {
+
+void Show(const Surface& frame) {
+  WindowState& s = State();
+  const std::size_t size = static_cast<std::size_t>(frame.Pitch()) * frame.Height();
+  s.shownPixels.assign(frame.Pixels(), frame.Pixels() + size);
+  s.backend->ShowFrame(frame);
+  s.shownOnce = true;
+}
+
+}  // namespace
+
 void RefreshWindow() {
   WindowState& s = State();
   if (!s.exists || !s.surface || !s.backend) return;
@@ -236,9 +248,14 @@ void RefreshWindow() {
       std::equal(s.shownPixels.begin(), s.shownPixels.end(), frame.Pixels())) {
     return;
   }
-  s.shownPixels.assign(frame.Pixels(), frame.Pixels() + size);
-  s.backend->ShowFrame(frame);
-  s.shownOnce = true;
+  Show(frame);
+}
+
+void ShowSurfaceNow(const Surface& surface) {
+  WindowState& s = State();
+  if (!s.exists || !s.backend) return;
+  Show(surface);
+  if (&surface == s.surface) s.shownChange = surface.ChangeCount();
 }
 
 void WaitForInput(std::uint32_t timeoutMs) {

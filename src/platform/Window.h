@@ -58,6 +58,8 @@ int MessageBox(WindowHandle window, const std::string& text, const std::string& 
 // the message queue has run dry.
 void SetWindowSurface(const Surface* surface);
 void RefreshWindow();
+// Puts the surface on the screen at once, for effects that run inside one frame.
+void ShowSurfaceNow(const Surface& surface);
 void WaitForInput(std::uint32_t timeoutMs);
 
 void SetSystemCursorVisible(bool visible);

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "graphics/CrossFade.h"
 #include "graphics/Text.h"
 #include "platform/Window.h"
 #include "shell/CommandLine.h"
@@ -52,6 +53,8 @@ int Application::StartUp(const std::string& commandLine, const FirstScreenFactor
   mutedVolume = 0;
   shortcutSkip = 0;
   theMousePointer = new MousePointer();
+  PrepareFade();
+  BuildFadeTable();
   GameMode* first = makeFirstScreen();
   currentScreen = first;
   modeStack.Push(first);
