@@ -29,13 +29,33 @@ int ClipToRect(const Surface& surface, int x, int y, int topLeft, const Rect& cl
   return (s.left >= s.right || s.top >= s.bottom) ? 0 : 1;
 }
 
-int DrawSurface(Surface* surface, int x, int y, int topLeft) {
-  if (!theDisplay) return -1;
-  if (const int lost = theDisplay->RestoreFront(); lost != 0) return lost;
-  if (!surface) return 0;
+namespace {
+
+struct Placement {
   Rect source;
-  int tx = 0, ty = 0;
-  if (!ClipToRect(*surface, x, y, topLeft, theDisplay->ClipRect, &source, &tx, &ty)) return 0;
+  int x = 0;
+  int y = 0;
+};
+
+// The common start of every picture drawing: a lost front surface is restored and nothing
+// is drawn; a missing or wholly clipped picture draws nothing. True when there is
+// something to draw; otherwise *result is what the drawing call returns.
+bool Place(Surface* surface, int x, int y, int topLeft, Placement* placement, int* result) {
+  *result = -1;
+  if (!theDisplay) return false;
+  *result = theDisplay->RestoreFront();
+  if (*result != 0 || !surface) return false;
+  return ClipToRect(*surface, x, y, topLeft, theDisplay->ClipRect, &placement->source, &placement->x, &placement->y);
+}
+
+}  // namespace
+
+int DrawSurface(Surface* surface, int x, int y, int topLeft) {
+  Placement at;
+  int result = 0;
+  if (!Place(surface, x, y, topLeft, &at, &result)) return result;
+  const Rect& source = at.source;
+  const int tx = at.x, ty = at.y;
   Surface* target = theDisplay->DrawTarget();
   if (!target) return -1;
   return target->CopyFrom(tx, ty, *surface, source, theDisplay->blitMode == kBlitKeyed) ? 0 : -1;
@@ -75,12 +95,11 @@ std::uint16_t AddPixels(std::uint16_t d, std::uint16_t s) {
 }
 
 int DrawSurfaceAdditive(Surface* surface, int x, int y, int topLeft) {
-  if (!theDisplay) return -1;
-  if (const int lost = theDisplay->RestoreFront(); lost != 0) return lost;
-  if (!surface) return 0;
-  Rect source;
-  int tx = 0, ty = 0;
-  if (!ClipToRect(*surface, x, y, topLeft, theDisplay->ClipRect, &source, &tx, &ty)) return 0;
+  Placement at;
+  int result = 0;
+  if (!Place(surface, x, y, topLeft, &at, &result)) return result;
+  const Rect& source = at.source;
+  const int tx = at.x, ty = at.y;
   if (!LockDrawTarget()) return -1;
   const std::uint16_t* pixels = surface->Lock();
   if (!pixels) return -1;
