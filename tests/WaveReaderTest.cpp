@@ -1,0 +1,319 @@
+// The wave reader on files made here: every PCM layout, formats with extra bytes, chunks
+// in any order with padding, each error code from a file broken on purpose, and every
+// cut-short version of a file.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "audio/WaveReader.h"
+
+using platform::WaveFormat;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+void Put16(Bytes& b, std::uint32_t v) {
+  b.push_back(static_cast<std::uint8_t>(v));
+  b.push_back(static_cast<std::uint8_t>(v >> 8));
+}
+void Put32(Bytes& b, std::uint32_t v) {
+  Put16(b, v & 0xFFFF);
+  Put16(b, v >> 16);
+}
+void PutId(Bytes& b, const std::string& id) { b.insert(b.end(), id.begin(), id.end()); }
+
+struct Chunk {
+  std::string id;
+  Bytes body;
+  std::optional<std::uint32_t> claimedSize = std::nullopt;  // a size field that lies
+};
+
+// A RIFF file of the given chunks, each followed by a pad byte when its body is odd.
+Bytes Riff(const std::vector<Chunk>& chunks, const std::string& form = "WAVE", const std::string& riffId = "RIFF") {
+  Bytes inner;
+  PutId(inner, form);
+  for (const Chunk& c : chunks) {
+    PutId(inner, c.id);
+    Put32(inner, c.claimedSize.value_or(static_cast<std::uint32_t>(c.body.size())));
+    inner.insert(inner.end(), c.body.begin(), c.body.end());
+    if (c.body.size() % 2) inner.push_back(0);
+  }
+  Bytes file;
+  PutId(file, riffId);
+  Put32(file, static_cast<std::uint32_t>(inner.size()));
+  file.insert(file.end(), inner.begin(), inner.end());
+  return file;
+}
+
+// The body of a "fmt " chunk; extra bytes (with their count) only when given.
+Bytes FmtBody(std::uint16_t tag, std::uint16_t channels, std::uint32_t rate, std::uint16_t bits,
+              std::optional<Bytes> extra = std::nullopt) {
+  Bytes b;
+  const std::uint16_t block = static_cast<std::uint16_t>(channels * bits / 8);
+  Put16(b, tag);
+  Put16(b, channels);
+  Put32(b, rate);
+  Put32(b, rate * block);
+  Put16(b, block);
+  Put16(b, bits);
+  if (extra) {
+    Put16(b, static_cast<std::uint32_t>(extra->size()));
+    b.insert(b.end(), extra->begin(), extra->end());
+  }
+  return b;
+}
+
+Bytes Samples(std::size_t count, int seed) {
+  Bytes b(count);
+  for (std::size_t i = 0; i < count; ++i) b[i] = static_cast<std::uint8_t>(seed + 37 * i + (i >> 3));
+  return b;
+}
+
+class WaveReaderTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder = std::filesystem::temp_directory_path() / ("quarnwick-wave-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder);
+  }
+  void TearDown() override { std::filesystem::remove_all(folder); }
+
+  std::string Write(const Bytes& bytes, const std::string& name = "test.wav") {
+    const std::string path = (folder / name).string();
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()),
+                                                static_cast<std::streamsize>(bytes.size()));
+    return path;
+  }
+  // Loads the bytes from a file; the same bytes in memory must give the same result.
+  int Load(const Bytes& bytes) {
+    const int fromFile = WaveLoadFile(Write(bytes), size, format, data);
+    std::uint32_t memorySize = 0;
+    std::unique_ptr<WaveFormat> memoryFormat;
+    std::unique_ptr<std::uint8_t[]> memoryData;
+    const int fromMemory = WaveLoadBytes(bytes, memorySize, memoryFormat, memoryData);
+    EXPECT_EQ(fromFile, fromMemory);
+    EXPECT_EQ(size, memorySize);
+    if (fromFile == 0) {
+      EXPECT_TRUE(memoryFormat && *memoryFormat == *format);
+      EXPECT_EQ(Bytes(data.get(), data.get() + size), Bytes(memoryData.get(), memoryData.get() + memorySize));
+    }
+    return fromFile;
+  }
+  Bytes Data() const { return Bytes(data.get(), data.get() + size); }
+  void ExpectNothingLoaded() const {
+    EXPECT_EQ(size, 0u);
+    EXPECT_EQ(format, nullptr);
+    EXPECT_EQ(data, nullptr);
+  }
+
+  std::filesystem::path folder;
+  std::uint32_t size = 12345;
+  std::unique_ptr<WaveFormat> format;
+  std::unique_ptr<std::uint8_t[]> data;
+};
+
+struct Layout {
+  std::uint16_t channels;
+  std::uint16_t bits;
+  std::uint32_t rate;
+};
+
+class PcmLayouts : public WaveReaderTest, public ::testing::WithParamInterface<Layout> {};
+
+TEST_P(PcmLayouts, GiveTheirFormatAndEveryByteOfData) {
+  const Layout l = GetParam();
+  const Bytes samples = Samples(l.channels * l.bits / 8 * 25, l.bits + l.channels);
+  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(1, l.channels, l.rate, l.bits)}, {"data", samples}})), 0);
+  ASSERT_NE(format, nullptr);
+  EXPECT_EQ(format->formatTag, 1);
+  EXPECT_EQ(format->channels, l.channels);
+  EXPECT_EQ(format->samplesPerSec, l.rate);
+  EXPECT_EQ(format->avgBytesPerSec, l.rate * l.channels * l.bits / 8);
+  EXPECT_EQ(format->blockAlign, l.channels * l.bits / 8);
+  EXPECT_EQ(format->bitsPerSample, l.bits);
+  EXPECT_TRUE(format->extra.empty());
+  EXPECT_EQ(Data(), samples);
+}
+
+INSTANTIATE_TEST_SUITE_P(Wave, PcmLayouts,
+                         ::testing::Values(Layout{1, 8, 11025}, Layout{2, 8, 22050}, Layout{1, 16, 44100},
+                                           Layout{2, 16, 22050}));
+
+TEST_F(WaveReaderTest, OtherFormatsKeepTheirExtraBytes) {
+  // A compressed format: two extra bytes (samples per block) and a "fact" chunk.
+  const Bytes compressed = Samples(64, 5);
+  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(0x11, 1, 8000, 4, Bytes{0xF9, 0x01})},
+                       {"fact", {0x40, 0, 0, 0}},
+                       {"data", compressed}})),
+            0);
+  EXPECT_EQ(format->formatTag, 0x11);
+  EXPECT_EQ(format->bitsPerSample, 4);
+  EXPECT_EQ(format->extra, (Bytes{0xF9, 0x01}));
+  EXPECT_EQ(Data(), compressed);
+
+  // The extensible record: 22 extra bytes.
+  const Bytes extensible = Samples(22, 9);
+  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(0xFFFE, 2, 44100, 16, extensible)}, {"data", Samples(40, 1)}})), 0);
+  EXPECT_EQ(format->formatTag, 0xFFFE);
+  EXPECT_EQ(format->extra, extensible);
+}
+
+TEST_F(WaveReaderTest, ExtraBytesFollowTheCountNotTheChunkSize) {
+  // A PCM record written with a count field (18 bytes) has no extra bytes, even when the
+  // count is not 0; so has a float record of 16 bytes, which has no count field at all.
+  Bytes pcm18 = FmtBody(1, 1, 8000, 16, Bytes{});
+  ASSERT_EQ(Load(Riff({{"fmt ", pcm18}, {"data", Samples(8, 2)}})), 0);
+  EXPECT_TRUE(format->extra.empty());
+
+  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(3, 1, 8000, 32)}, {"data", Samples(8, 2)}})), 0);
+  EXPECT_EQ(format->formatTag, 3);
+  EXPECT_TRUE(format->extra.empty());
+
+  // A fmt chunk longer than its record: the rest is skipped.
+  Bytes longer = FmtBody(2, 1, 8000, 4, Bytes{1, 2, 3, 4});
+  longer.insert(longer.end(), {9, 9, 9, 9, 9});
+  ASSERT_EQ(Load(Riff({{"fmt ", longer}, {"data", Samples(10, 3)}})), 0);
+  EXPECT_EQ(format->extra, (Bytes{1, 2, 3, 4}));
+  EXPECT_EQ(Data(), Samples(10, 3));
+}
+
+TEST_F(WaveReaderTest, ChunksComeInAnyOrderWithPadding) {
+  Bytes list;
+  PutId(list, "INFO");
+  PutId(list, "ISFT");
+  Put32(list, 3);
+  list.insert(list.end(), {'a', 'b', 'c', 0});
+  const Bytes samples = Samples(7, 4);  // odd: a pad byte follows
+  ASSERT_EQ(Load(Riff({{"LIST", list},
+                       {"junk", Samples(5, 0)},
+                       {"data", samples},
+                       {"cue ", Samples(3, 1)},
+                       {"fmt ", FmtBody(1, 1, 22050, 8)},
+                       {"smpl", Samples(1, 2)}})),
+            0);
+  EXPECT_EQ(format->samplesPerSec, 22050u);
+  EXPECT_EQ(format->bitsPerSample, 8);
+  EXPECT_EQ(Data(), samples);
+}
+
+TEST_F(WaveReaderTest, AnEmptyDataChunkIsAWaveWithoutSamples) {
+  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(1, 2, 44100, 16)}, {"data", {}}})), 0);
+  EXPECT_EQ(size, 0u);
+  EXPECT_NE(format, nullptr);
+}
+
+TEST_F(WaveReaderTest, TheDataIsReadInPiecesThatTakeFromTheChunk) {
+  const Bytes samples = Samples(10, 6);
+  const std::string path = Write(Riff({{"fmt ", FmtBody(1, 1, 8000, 8)}, {"data", samples}, {"junk", Samples(6, 0)}}));
+  std::unique_ptr<WaveFile> file;
+  RiffChunk riff;
+  ASSERT_EQ(WaveOpenFile(path, file, format, riff), 0);
+  ASSERT_NE(file, nullptr);
+  EXPECT_EQ(riff.id, ChunkId("RIFF"));
+  EXPECT_EQ(riff.formType, ChunkId("WAVE"));
+  RiffChunk chunk;
+  ASSERT_EQ(WaveStartDataRead(*file, chunk, riff), 0);
+  EXPECT_EQ(chunk.id, ChunkId("data"));
+  EXPECT_EQ(chunk.size, 10u);
+
+  Bytes got(16, 0xEE);
+  std::uint32_t read = 99;
+  ASSERT_EQ(WaveReadFile(*file, 4, got.data(), chunk, read), 0);
+  EXPECT_EQ(read, 4u);
+  EXPECT_EQ(chunk.size, 6u);
+  // Asking for more than is left gives what is left, and not the chunk behind it.
+  ASSERT_EQ(WaveReadFile(*file, 16, got.data() + 4, chunk, read), 0);
+  EXPECT_EQ(read, 6u);
+  EXPECT_EQ(chunk.size, 0u);
+  EXPECT_EQ(Bytes(got.begin(), got.begin() + 10), samples);
+  EXPECT_EQ(got[10], 0xEE);
+  ASSERT_EQ(WaveReadFile(*file, 16, got.data(), chunk, read), 0);
+  EXPECT_EQ(read, 0u);
+}
+
+TEST_F(WaveReaderTest, EachFaultHasItsCode) {
+  const Bytes fmt = FmtBody(1, 1, 8000, 16);
+  const Bytes samples = Samples(20, 7);
+  struct Case {
+    const char* what;
+    Bytes file;
+    int code;
+  };
+  Bytes cutFormat = Riff({{"fmt ", fmt}});
+  cutFormat.resize(cutFormat.size() - 6);  // the record ends at the file's end
+  Bytes cutCount = FmtBody(2, 1, 8000, 4, Bytes{});
+  cutCount.resize(17);  // one byte of the count
+  Bytes missingExtra = FmtBody(2, 1, 8000, 4, Bytes{1, 2});
+  missingExtra[16] = 3;  // counts three, holds two
+  Bytes cutData = Riff({{"fmt ", fmt}, {"data", samples}});
+  cutData.resize(cutData.size() - 1);
+  const std::vector<Case> cases = {
+      {"another RIFF form", Riff({{"fmt ", fmt}, {"data", samples}}, "AVI "), kWaveNotWave},
+      {"not RIFF at all", Riff({{"fmt ", fmt}, {"data", samples}}, "WAVE", "RIFX"), kWaveNotWave},
+      {"a format record under 16 bytes", Riff({{"fmt ", Bytes(fmt.begin(), fmt.begin() + 14)}, {"data", samples}}),
+       kWaveNotWave},
+      {"extra bytes counted but missing", Riff({{"fmt ", missingExtra}, {"data", samples}}), kWaveNotWave},
+      {"the record cut by the end of the file", cutFormat, kWaveFormatUnreadable},
+      {"the count of extra bytes cut", Riff({{"fmt ", cutCount}, {"data", samples}}), kWaveFormatUnreadable},
+      {"data shorter than its size", cutData, kWaveDataShort},
+      {"data claiming almost 4 GB", Riff({{"fmt ", fmt}, {"data", samples, 0xFFFFFFF0u}}), kWaveDataShort},
+      {"no fmt chunk", Riff({{"data", samples}}), kWaveChunkNotFound},
+      {"no data chunk", Riff({{"fmt ", fmt}, {"LIST", Samples(8, 0)}}), kWaveChunkNotFound},
+      {"an empty file", Bytes{}, kWaveChunkNotFound},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(Load(c.file), c.code);
+    ExpectNothingLoaded();
+  }
+}
+
+TEST_F(WaveReaderTest, ChunksAreSoughtOnlyInsideTheRiffChunk) {
+  // The data chunk lies behind the end that the RIFF header states.
+  Bytes file = Riff({{"fmt ", FmtBody(1, 1, 8000, 8)}});
+  const Bytes outside = Riff({{"data", Samples(4, 1)}});
+  file.insert(file.end(), outside.begin() + 12, outside.end());
+  EXPECT_EQ(Load(file), kWaveChunkNotFound);
+}
+
+TEST_F(WaveReaderTest, FilesThatCannotBeOpened) {
+  EXPECT_EQ(WaveLoadFile((folder / "missing.wav").string(), size, format, data), kWaveCannotOpen);
+  ExpectNothingLoaded();
+  std::filesystem::create_directories(folder / "folder.wav");
+  EXPECT_EQ(WaveLoadFile((folder / "folder.wav").string(), size, format, data), kWaveCannotOpen);
+  ExpectNothingLoaded();
+
+  std::unique_ptr<WaveFile> file;
+  RiffChunk riff;
+  EXPECT_EQ(WaveOpenFile((folder / "missing.wav").string(), file, format, riff), kWaveCannotOpen);
+  EXPECT_EQ(file, nullptr);
+  EXPECT_EQ(WaveOpenFile(Write(Riff({{"data", Samples(4, 1)}})), file, format, riff), kWaveChunkNotFound);
+  EXPECT_EQ(file, nullptr);
+  EXPECT_EQ(format, nullptr);
+}
+
+TEST_F(WaveReaderTest, EveryCutShortFileIsRefused) {
+  Bytes list;
+  PutId(list, "INFO");
+  const Bytes whole = Riff({{"LIST", list},
+                            {"fmt ", FmtBody(2, 2, 11025, 4, Bytes{7, 7, 7})},
+                            {"fact", Samples(4, 3)},
+                            {"data", Samples(9, 8)}});
+  ASSERT_EQ(Load(whole), 0);
+  const std::set<int> codes = {kWaveNotWave, kWaveFormatUnreadable, kWaveDataShort, kWaveChunkNotFound};
+  // The pad byte after the odd data chunk is the only byte the wave can do without.
+  for (std::size_t length = 0; length + 1 < whole.size(); ++length) {
+    SCOPED_TRACE(length);
+    const int code = Load(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)));
+    EXPECT_TRUE(codes.count(code)) << code;
+    ExpectNothingLoaded();
+  }
+}
+
+}  // namespace
