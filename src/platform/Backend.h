@@ -9,6 +9,7 @@
 
 namespace platform {
 
+class AudioDevice;
 class Surface;
 
 // Why a window could not be opened, by the step of the display set-up that failed.
@@ -42,6 +43,8 @@ class Backend {
   virtual void ShowSystemCursor(bool visible) = 0;
   // The last error of the underlying system, for the log.
   virtual std::string LastError() { return {}; }
+  // The sound device, owned by the backend; null when there is none.
+  virtual AudioDevice* Audio() { return nullptr; }
 };
 
 }  // namespace platform

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/Backend.h"
+#include "platform/HeadlessAudio.h"
 #include "platform/Surface.h"
 
 namespace platform {
@@ -29,6 +30,7 @@ class HeadlessBackend : public Backend {
   void WaitInput(std::uint32_t timeoutMs) override;
   void ShowMessageBox(const std::string& text, const std::string& caption) override;
   void ShowSystemCursor(bool visible) override { systemCursorVisible = visible; }
+  AudioDevice* Audio() override { return audioPresent ? &audio : nullptr; }
 
   // The clock moves only when told to, or when the game waits for input.
   void Advance(std::uint32_t ms) { now += ms; }
@@ -45,6 +47,10 @@ class HeadlessBackend : public Backend {
 
   // Fault injection: the window fails to open with the given result.
   void FailOpen(OpenResult result) { openFailure = result; }
+  // Fault injection: the machine has no sound device at all.
+  void SetAudioPresent(bool present) { audioPresent = present; }
+  // The sound device, which records what it is asked (whether present or not).
+  HeadlessAudio& AudioOutput() { return audio; }
 
   bool WindowOpen() const { return windowOpen; }
   bool Windowed() const { return windowed; }
@@ -75,6 +81,8 @@ class HeadlessBackend : public Backend {
   bool windowed = false;
   bool systemCursorVisible = true;
   OpenResult openFailure = OpenResult::Ok;
+  HeadlessAudio audio;
+  bool audioPresent = true;
 };
 
 }  // namespace platform

@@ -4,6 +4,7 @@
 #include <time.h>
 
 #include "platform/Cp1252.h"
+#include "platform/SdlAudio.h"
 #include "platform/Surface.h"
 #include "platform/Window.h"
 
@@ -68,6 +69,7 @@ WParam MouseButtons() {
 }  // namespace
 
 struct SdlBackend::Impl {
+  SdlAudio audio;
   SDL_Window* window = nullptr;
   SDL_Renderer* renderer = nullptr;
   SDL_Texture* texture = nullptr;
@@ -238,5 +240,7 @@ void SdlBackend::ShowMessageBox(const std::string& text, const std::string& capt
 void SdlBackend::ShowSystemCursor(bool visible) { SDL_ShowCursor(visible ? SDL_ENABLE : SDL_DISABLE); }
 
 std::string SdlBackend::LastError() { return SDL_GetError(); }
+
+AudioDevice* SdlBackend::Audio() { return &impl->audio; }
 
 }  // namespace platform

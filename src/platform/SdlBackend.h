@@ -22,6 +22,7 @@ class SdlBackend : public Backend {
   void ShowMessageBox(const std::string& text, const std::string& caption) override;
   void ShowSystemCursor(bool visible) override;
   std::string LastError() override;
+  AudioDevice* Audio() override;
 
  private:
   struct Impl;

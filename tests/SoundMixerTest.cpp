@@ -1,0 +1,212 @@
+// The mixer behind the sound devices: sample sizes, channel counts and rates converted to
+// the output, volumes in hundredths of a decibel, saturating sums, the end of a buffer,
+// looping and rewinding.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "platform/AudioMixer.h"
+
+using platform::AudioMixer;
+using platform::WaveFormat;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+WaveFormat Pcm(int channels, int bits, std::uint32_t rate) {
+  WaveFormat f;
+  f.formatTag = 1;
+  f.channels = static_cast<std::uint16_t>(channels);
+  f.bitsPerSample = static_cast<std::uint16_t>(bits);
+  f.samplesPerSec = rate;
+  f.blockAlign = static_cast<std::uint16_t>(channels * bits / 8);
+  f.avgBytesPerSec = rate * f.blockAlign;
+  return f;
+}
+
+Bytes Words(const std::vector<int>& values) {
+  Bytes b;
+  for (int v : values) {
+    b.push_back(static_cast<std::uint8_t>(v & 0xFF));
+    b.push_back(static_cast<std::uint8_t>((v >> 8) & 0xFF));
+  }
+  return b;
+}
+
+// Frames of the output, each as its channel values.
+std::vector<std::vector<int>> Render(AudioMixer& mixer, std::size_t frames, int rate, int channels) {
+  std::vector<std::int16_t> out(frames * channels, 0x5555);
+  mixer.Mix(out.data(), frames, rate, channels);
+  std::vector<std::vector<int>> result(frames);
+  for (std::size_t n = 0; n < frames; ++n) result[n].assign(out.begin() + n * channels, out.begin() + (n + 1) * channels);
+  return result;
+}
+
+std::vector<int> Left(const std::vector<std::vector<int>>& frames) {
+  std::vector<int> left;
+  for (const auto& f : frames) left.push_back(f[0]);
+  return left;
+}
+
+TEST(SoundMixer, EightBitSamplesAreUnsignedAroundTheMiddle) {
+  AudioMixer mixer;
+  const auto voice = mixer.Add(Pcm(1, 8, 8000), Bytes{128, 255, 0, 64, 192});
+  ASSERT_NE(voice, 0u);
+  ASSERT_TRUE(mixer.Play(voice, false));
+  EXPECT_EQ(Left(Render(mixer, 5, 8000, 2)), (std::vector<int>{0, 127 * 256, -32768, -64 * 256, 64 * 256}));
+}
+
+TEST(SoundMixer, ChannelsAreConvertedToTheOutput) {
+  AudioMixer mixer;
+  const auto stereo = mixer.Add(Pcm(2, 16, 8000), Words({1000, -2000, 3000, 0}));
+  mixer.Play(stereo, true);
+  EXPECT_EQ(Render(mixer, 2, 8000, 2), (std::vector<std::vector<int>>{{1000, -2000}, {3000, 0}}));
+  EXPECT_EQ(Render(mixer, 2, 8000, 1), (std::vector<std::vector<int>>{{-500}, {1500}}));
+  // Channels past the second stay silent.
+  EXPECT_EQ(Render(mixer, 1, 8000, 4), (std::vector<std::vector<int>>{{1000, -2000, 0, 0}}));
+  mixer.Remove(stereo);
+
+  const auto mono = mixer.Add(Pcm(1, 16, 8000), Words({-1234, 77}));
+  mixer.Play(mono, false);
+  EXPECT_EQ(Render(mixer, 2, 8000, 2), (std::vector<std::vector<int>>{{-1234, -1234}, {77, 77}}));
+}
+
+TEST(SoundMixer, RatesAreConvertedByLinearInterpolation) {
+  AudioMixer mixer;
+  const auto slow = mixer.Add(Pcm(1, 16, 22050), Words({0, 1000, 2000, 4000}));
+  mixer.Play(slow, false);
+  // Twice the rate: a point between each pair; the last frame holds, then the voice ends.
+  EXPECT_EQ(Left(Render(mixer, 10, 44100, 2)), (std::vector<int>{0, 500, 1000, 1500, 2000, 3000, 4000, 4000, 0, 0}));
+  EXPECT_FALSE(mixer.IsPlaying(slow));
+
+  const auto fast = mixer.Add(Pcm(1, 16, 44100), Words({10, 20, 30, 40, 50, 60}));
+  mixer.Play(fast, false);
+  EXPECT_EQ(Left(Render(mixer, 4, 22050, 2)), (std::vector<int>{10, 30, 50, 0}));
+
+  // A third of the way between frames.
+  const auto third = mixer.Add(Pcm(1, 16, 1000), Words({0, 3000, 0}));
+  mixer.Play(third, true);
+  EXPECT_EQ(Left(Render(mixer, 4, 3000, 2)), (std::vector<int>{0, 1000, 2000, 3000}));
+}
+
+TEST(SoundMixer, VoicesAddUpAndSaturate) {
+  AudioMixer mixer;
+  const auto a = mixer.Add(Pcm(1, 16, 8000), Words({10000, 30000, -30000, 5}));
+  const auto b = mixer.Add(Pcm(1, 16, 8000), Words({5000, 30000, -30000, -5}));
+  mixer.Play(a, false);
+  mixer.Play(b, false);
+  EXPECT_EQ(Left(Render(mixer, 4, 8000, 2)), (std::vector<int>{15000, 32767, -32768, 0}));
+}
+
+TEST(SoundMixer, VolumeIsInHundredthsOfADecibel) {
+  EXPECT_EQ(platform::GainForVolume(0), 65536);
+  EXPECT_EQ(platform::GainForVolume(-10000), 0);
+  // -20 dB is a tenth of the amplitude, -6 dB about half.
+  EXPECT_NEAR(platform::GainForVolume(-2000), 6554, 1);
+  EXPECT_NEAR(platform::GainForVolume(-600), 32845, 2);
+
+  AudioMixer mixer;
+  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({20000, -20000}));
+  EXPECT_FALSE(mixer.SetVolume(voice, 1));
+  EXPECT_FALSE(mixer.SetVolume(voice, -10001));
+  ASSERT_TRUE(mixer.SetVolume(voice, -2000));
+  mixer.Play(voice, true);
+  const auto tenth = Left(Render(mixer, 2, 8000, 2));
+  EXPECT_NEAR(tenth[0], 2000, 1);
+  EXPECT_NEAR(tenth[1], -2000, 1);
+  ASSERT_TRUE(mixer.SetVolume(voice, -10000));
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));
+  ASSERT_TRUE(mixer.SetVolume(voice, 0));
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{20000, -20000}));
+}
+
+TEST(SoundMixer, AVoicePlaysOnceThenStopsAtItsStart) {
+  AudioMixer mixer;
+  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({1, 2, 3}));
+  EXPECT_FALSE(mixer.IsPlaying(voice));
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));  // made stopped
+  mixer.Play(voice, false);
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{1, 2}));
+  EXPECT_TRUE(mixer.IsPlaying(voice));
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{3, 0}));
+  EXPECT_FALSE(mixer.IsPlaying(voice));
+  mixer.Play(voice, false);
+  EXPECT_EQ(Left(Render(mixer, 3, 8000, 2)), (std::vector<int>{1, 2, 3}));
+  EXPECT_FALSE(mixer.IsPlaying(voice));
+}
+
+TEST(SoundMixer, ALoopingVoiceWrapsAroundAndNeverEnds) {
+  AudioMixer mixer;
+  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({7, 8, 9}));
+  mixer.Play(voice, true);
+  EXPECT_EQ(Left(Render(mixer, 8, 8000, 2)), (std::vector<int>{7, 8, 9, 7, 8, 9, 7, 8}));
+  EXPECT_TRUE(mixer.IsPlaying(voice));
+  // At double the rate the last frame leads back into the first.
+  mixer.Rewind(voice);
+  EXPECT_EQ(Left(Render(mixer, 7, 16000, 2)), (std::vector<int>{7, 8, 8, 9, 9, 8, 7}));
+}
+
+TEST(SoundMixer, RewindStartsAVoiceOverWithoutStoppingIt) {
+  AudioMixer mixer;
+  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({1, 2, 3, 4}));
+  mixer.Play(voice, false);
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{1, 2}));
+  ASSERT_TRUE(mixer.Rewind(voice));
+  EXPECT_TRUE(mixer.IsPlaying(voice));
+  EXPECT_EQ(Left(Render(mixer, 5, 8000, 2)), (std::vector<int>{1, 2, 3, 4, 0}));
+}
+
+TEST(SoundMixer, OnlyPlainPcmOfEightOrSixteenBitsInOneOrTwoChannels) {
+  AudioMixer mixer;
+  const Bytes some(64, 1);
+  EXPECT_NE(mixer.Add(Pcm(2, 16, 44100), some), 0u);
+  EXPECT_EQ(mixer.Add(Pcm(1, 24, 44100), some), 0u);
+  EXPECT_EQ(mixer.Add(Pcm(3, 16, 44100), some), 0u);
+  EXPECT_EQ(mixer.Add(Pcm(1, 16, 0), some), 0u);
+  EXPECT_EQ(mixer.Add(Pcm(2, 16, 44100), Bytes(3, 0)), 0u);  // not one whole frame
+  WaveFormat badBlock = Pcm(2, 16, 44100);
+  badBlock.blockAlign = 2;
+  EXPECT_EQ(mixer.Add(badBlock, some), 0u);
+  WaveFormat compressed = Pcm(1, 16, 8000);
+  compressed.formatTag = 2;
+  EXPECT_EQ(mixer.Add(compressed, some), 0u);
+
+  // The extensible record plays when its sub-format is PCM.
+  WaveFormat extensible = Pcm(2, 16, 44100);
+  extensible.formatTag = 0xFFFE;
+  extensible.extra = {16, 0, 3, 0, 0, 0, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x10, 0x00,
+                      0x80, 0x00, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71};
+  EXPECT_NE(mixer.Add(extensible, some), 0u);
+  extensible.extra[6] = 0x03;  // floating point
+  EXPECT_EQ(mixer.Add(extensible, some), 0u);
+  EXPECT_EQ(mixer.VoiceCount(), 2u);
+}
+
+TEST(SoundMixer, ARemovedVoiceIsGoneAndSilent) {
+  AudioMixer mixer;
+  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({500, 500}));
+  mixer.Play(voice, true);
+  mixer.Remove(voice);
+  EXPECT_EQ(mixer.VoiceCount(), 0u);
+  EXPECT_FALSE(mixer.Play(voice, true));
+  EXPECT_FALSE(mixer.Rewind(voice));
+  EXPECT_FALSE(mixer.IsPlaying(voice));
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));
+}
+
+TEST(SoundMixer, BuffersOfTheMixerOutliveItsDevice) {
+  auto mixer = std::make_shared<AudioMixer>();
+  auto buffer = std::make_unique<platform::MixerBuffer>(mixer, mixer->Add(Pcm(1, 8, 8000), Bytes{200, 100}));
+  std::weak_ptr<AudioMixer> watch = mixer;
+  mixer.reset();  // the device lets go of its mixer
+  EXPECT_TRUE(buffer->Play(false));
+  EXPECT_TRUE(buffer->IsPlaying());
+  EXPECT_TRUE(buffer->SetVolume(-100));
+  EXPECT_TRUE(buffer->Rewind());
+  buffer.reset();
+  EXPECT_TRUE(watch.expired());
+}
+
+}  // namespace
