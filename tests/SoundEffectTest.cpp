@@ -1,0 +1,331 @@
+// Sound effects over the headless sound device: loading, playing at the effects volume,
+// a replay that starts the sound over, looping, muting, freeing, and every failure with
+// its message box (or, without a sound device, silently none).
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "audio/SoundEffect.h"
+#include "platform/DataPath.h"
+#include "platform/HeadlessBackend.h"
+#include "platform/Window.h"
+#include "shell/Globals.h"
+
+using platform::HeadlessAudio;
+using Request = platform::HeadlessAudio::Request;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+void Put16(Bytes& b, std::uint32_t v) {
+  b.push_back(static_cast<std::uint8_t>(v));
+  b.push_back(static_cast<std::uint8_t>(v >> 8));
+}
+void Put32(Bytes& b, std::uint32_t v) {
+  Put16(b, v & 0xFFFF);
+  Put16(b, v >> 16);
+}
+void PutId(Bytes& b, const char* id) {
+  for (int i = 0; i < 4; ++i) b.push_back(static_cast<std::uint8_t>(id[i]));
+}
+
+// A wave file of 16-bit mono samples at 22050 Hz, or of the format given.
+Bytes WaveFile(const std::vector<int>& samples, std::uint16_t tag = 1, const Bytes& extra = {}) {
+  Bytes data;
+  for (int s : samples) Put16(data, static_cast<std::uint16_t>(s));
+  Bytes fmt;
+  Put16(fmt, tag);
+  Put16(fmt, 1);
+  Put32(fmt, 22050);
+  Put32(fmt, 44100);
+  Put16(fmt, 2);
+  Put16(fmt, 16);
+  if (tag != 1) {
+    Put16(fmt, static_cast<std::uint32_t>(extra.size()));
+    fmt.insert(fmt.end(), extra.begin(), extra.end());
+  }
+  Bytes file;
+  PutId(file, "RIFF");
+  Put32(file, static_cast<std::uint32_t>(4 + 8 + fmt.size() + 8 + data.size()));
+  PutId(file, "WAVE");
+  PutId(file, "fmt ");
+  Put32(file, static_cast<std::uint32_t>(fmt.size()));
+  file.insert(file.end(), fmt.begin(), fmt.end());
+  PutId(file, "data");
+  Put32(file, static_cast<std::uint32_t>(data.size()));
+  file.insert(file.end(), data.begin(), data.end());
+  return file;
+}
+
+const std::vector<int> kTone = {1000, 2000, 3000, 4000, 5000, 6000, 7000, 8000};
+const std::vector<int> kLow = {-300, -300, -300, -300};
+
+class SoundEffectTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder = std::filesystem::temp_directory_path() / ("quarnwick-sound-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder / "dat");
+    platform::SetDataRoot(folder.string());
+    platform::InstallBackend(&backend);
+    effectsVolume = 100;
+    OpenSoundOutput(0);
+    Write("tone.wav", WaveFile(kTone));
+    Write("low.wav", WaveFile(kLow));
+  }
+  void TearDown() override {
+    CloseSoundOutput();
+    platform::InstallBackend(nullptr);
+    platform::SetDataRoot("");
+    effectsVolume = 100;
+    std::filesystem::remove_all(folder);
+  }
+
+  void Write(const std::string& name, const Bytes& bytes) {
+    std::ofstream((folder / "dat" / name).string(), std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  }
+  HeadlessAudio& Audio() { return backend.AudioOutput(); }
+  // The requests made since the last look, as (request, buffer, value).
+  std::vector<std::tuple<Request, int, int>> Requests() {
+    std::vector<std::tuple<Request, int, int>> calls;
+    for (const auto& c : Audio().Calls()) calls.emplace_back(c.request, c.buffer, c.value);
+    Audio().ClearRecord();
+    return calls;
+  }
+  // The left channel of the next frames of the device's output, at the sounds' own rate.
+  std::vector<int> Hear(std::size_t frames) {
+    const auto out = Audio().Render(frames, 22050, 2);
+    std::vector<int> left;
+    for (std::size_t i = 0; i < frames; ++i) left.push_back(out[2 * i]);
+    return left;
+  }
+  std::vector<std::pair<std::string, std::string>> Boxes() {
+    std::vector<std::pair<std::string, std::string>> boxes;
+    for (const auto& b : backend.MessageBoxes()) boxes.emplace_back(b.text, b.caption);
+    return boxes;
+  }
+
+  std::filesystem::path folder;
+  platform::HeadlessBackend backend;
+};
+
+TEST_F(SoundEffectTest, TheOutputIsTheBackendsDeviceWhileOpen) {
+  EXPECT_EQ(soundOutput, backend.Audio());
+  EXPECT_TRUE(Audio().IsOpen());
+  CloseSoundOutput();
+  EXPECT_EQ(soundOutput, nullptr);
+  EXPECT_FALSE(Audio().IsOpen());
+}
+
+TEST_F(SoundEffectTest, ASoundHoldsItsWaveAndABufferAtFullVolume) {
+  SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
+  ASSERT_NE(sound, nullptr);
+  EXPECT_STREQ(sound->fileName, "dat\\tone.wav");
+  ASSERT_EQ(sound->size, 16u);
+  EXPECT_EQ(sound->data[0], 1000 & 0xFF);
+  EXPECT_EQ(sound->data[15], 8000 >> 8);
+  ASSERT_NE(sound->format, nullptr);
+  EXPECT_EQ(sound->format->samplesPerSec, 22050u);
+  EXPECT_EQ(sound->loop, 0);
+  EXPECT_EQ(sound->playing, 0);
+
+  // The device has its own copy of the samples, in the wave's format, and is silent.
+  ASSERT_EQ(Audio().Buffers().size(), 1u);
+  EXPECT_EQ(Audio().Buffers()[0].format, *sound->format);
+  EXPECT_EQ(Audio().Buffers()[0].samples, Bytes(sound->data.get(), sound->data.get() + sound->size));
+  EXPECT_EQ(Requests(), (std::vector<std::tuple<Request, int, int>>{{Request::Create, 1, 0}, {Request::SetVolume, 1, 0}}));
+  EXPECT_FALSE(Audio().IsPlaying(1));
+  EXPECT_EQ(Hear(2), (std::vector<int>{0, 0}));
+  EXPECT_TRUE(Boxes().empty());
+  FreeSound(sound);
+}
+
+TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheBuffer) {
+  SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
+  Requests();
+  PlaySound(0, sound);
+  EXPECT_EQ(sound->volume, 400);
+  EXPECT_EQ(sound->playing, 1);
+  EXPECT_EQ(Requests(), (std::vector<std::tuple<Request, int, int>>{{Request::SetVolume, 1, 0}, {Request::Play, 1, 0}}));
+  EXPECT_EQ(Hear(8), kTone);
+  EXPECT_FALSE(Audio().IsPlaying(1));
+
+  // At half the effects volume: 200 of 400, which is 20 dB down, a tenth of the loudness.
+  effectsVolume = 50;
+  PlaySound(0, sound);
+  EXPECT_EQ(sound->volume, 200);
+  EXPECT_EQ(Requests(),
+            (std::vector<std::tuple<Request, int, int>>{{Request::SetVolume, 1, -2000}, {Request::Play, 1, 0}}));
+  const auto quiet = Hear(2);
+  EXPECT_NEAR(quiet[0], 100, 1);
+  EXPECT_NEAR(quiet[1], 200, 1);
+  FreeSound(sound);
+}
+
+TEST_F(SoundEffectTest, PlayingAgainStartsTheSoundOverInsteadOfLayeringIt) {
+  SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
+  PlaySound(0, sound);
+  EXPECT_EQ(Hear(3), (std::vector<int>{1000, 2000, 3000}));
+  Requests();
+  PlaySound(0, sound);
+  EXPECT_EQ(Requests(),
+            (std::vector<std::tuple<Request, int, int>>{{Request::SetVolume, 1, 0}, {Request::Rewind, 1, 0}}));
+  EXPECT_EQ(Audio().LiveBuffers(), 1);
+  // One voice from the start, not two summed.
+  EXPECT_EQ(Hear(8), kTone);
+  EXPECT_EQ(Hear(1), (std::vector<int>{0}));
+
+  // Once it has ended, playing starts the buffer again.
+  PlaySound(0, sound);
+  EXPECT_EQ(Requests(), (std::vector<std::tuple<Request, int, int>>{{Request::SetVolume, 1, 0}, {Request::Play, 1, 0}}));
+  FreeSound(sound);
+}
+
+TEST_F(SoundEffectTest, ALoopingSoundPlaysOnUntilFreed) {
+  SoundEffect* sound = LoadSound(0, "dat\\low.wav");
+  sound->loop = 1;
+  Requests();
+  PlaySound(0, sound);
+  EXPECT_EQ(Requests(), (std::vector<std::tuple<Request, int, int>>{{Request::SetVolume, 1, 0}, {Request::Play, 1, 1}}));
+  EXPECT_EQ(Hear(10), std::vector<int>(10, -300));
+  EXPECT_TRUE(Audio().IsPlaying(1));
+  FreeSound(sound);
+  EXPECT_EQ(Requests(), (std::vector<std::tuple<Request, int, int>>{{Request::Release, 1, 0}}));
+  EXPECT_EQ(Audio().LiveBuffers(), 0);
+  EXPECT_EQ(Hear(2), (std::vector<int>{0, 0}));
+}
+
+TEST_F(SoundEffectTest, DifferentSoundsPlayTogether) {
+  SoundEffect* tone = LoadSound(0, "dat\\tone.wav");
+  SoundEffect* low = LoadSound(0, "dat\\low.wav");
+  PlaySound(0, tone);
+  PlaySound(0, low);
+  EXPECT_EQ(Hear(6), (std::vector<int>{700, 1700, 2700, 3700, 5000, 6000}));
+  FreeSound(tone);
+  FreeSound(low);
+}
+
+TEST_F(SoundEffectTest, MutedPlaysNothingAndSetsNoVolume) {
+  SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
+  Requests();
+  effectsVolume = 0;
+  PlaySound(0, sound);
+  EXPECT_TRUE(Requests().empty());
+  EXPECT_EQ(sound->volume, 0);
+  EXPECT_EQ(sound->playing, 0);
+  EXPECT_EQ(Hear(2), (std::vector<int>{0, 0}));
+
+  // Unmuted, it plays at full volume again.
+  effectsVolume = 100;
+  PlaySound(0, sound);
+  EXPECT_EQ(Requests(), (std::vector<std::tuple<Request, int, int>>{{Request::SetVolume, 1, 0}, {Request::Play, 1, 0}}));
+  EXPECT_EQ(Hear(2), (std::vector<int>{1000, 2000}));
+  FreeSound(sound);
+}
+
+TEST_F(SoundEffectTest, AWaveThatCannotBeReadShowsABoxAndGivesNoSound) {
+  Bytes broken = WaveFile(kTone);
+  broken.resize(broken.size() - 3);
+  Write("broken.wav", broken);
+  const std::pair<std::string, std::string> box = {"Bad wave file or file too big to fit in memory",
+                                                   "Cannot load wave"};
+  EXPECT_EQ(LoadSound(0, "dat\\missing.wav"), nullptr);
+  EXPECT_EQ(Boxes(), (std::vector<std::pair<std::string, std::string>>{box}));
+  EXPECT_EQ(LoadSound(0, "dat\\broken.wav"), nullptr);
+  EXPECT_EQ(Boxes(), (std::vector<std::pair<std::string, std::string>>{box, box}));
+  EXPECT_TRUE(Audio().Buffers().empty());
+  EXPECT_TRUE(Requests().empty());
+}
+
+TEST_F(SoundEffectTest, WithoutASoundDeviceTheGameIsSilentWithoutAWord) {
+  CloseSoundOutput();
+  backend.SetAudioPresent(false);
+  OpenSoundOutput(0);
+  EXPECT_EQ(soundOutput, nullptr);
+  EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
+  EXPECT_EQ(LoadSound(0, "dat\\missing.wav"), nullptr);
+
+  // A device that does not open is the same as none.
+  backend.SetAudioPresent(true);
+  Audio().FailOpen(true);
+  OpenSoundOutput(0);
+  EXPECT_EQ(soundOutput, nullptr);
+  EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
+  EXPECT_TRUE(Boxes().empty());
+  EXPECT_TRUE(Requests().empty());
+}
+
+TEST_F(SoundEffectTest, ASoundKeptPastTheOutputPlaysNothingAndCanStillBeFreed) {
+  SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
+  Requests();
+  CloseSoundOutput();
+  PlaySound(0, sound);
+  EXPECT_EQ(sound->volume, 400);
+  EXPECT_EQ(sound->playing, 0);
+  FreeSound(sound);
+  EXPECT_EQ(Requests(), (std::vector<std::tuple<Request, int, int>>{{Request::Release, 1, 0}}));
+}
+
+TEST_F(SoundEffectTest, NullArgumentsDoNothing) {
+  PlaySound(0, nullptr);
+  FreeSound(nullptr);
+  EXPECT_EQ(LoadSound(0, nullptr), nullptr);
+  EXPECT_TRUE(Requests().empty());
+  EXPECT_TRUE(Boxes().empty());
+}
+
+TEST_F(SoundEffectTest, TheWholeFormatGoesToTheDevice) {
+  // The extensible record of 16-bit PCM: 22 extra bytes, handed on unchanged.
+  const Bytes extensible = {16, 0, 4, 0, 0, 0, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x10, 0x00,
+                            0x80, 0x00, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71};
+  Write("extensible.wav", WaveFile(kLow, 0xFFFE, extensible));
+  SoundEffect* sound = LoadSound(0, "dat\\extensible.wav");
+  ASSERT_NE(sound, nullptr);
+  ASSERT_EQ(Audio().Buffers().size(), 1u);
+  EXPECT_EQ(Audio().Buffers()[0].format.formatTag, 0xFFFE);
+  EXPECT_EQ(Audio().Buffers()[0].format.extra, extensible);
+  PlaySound(0, sound);
+  EXPECT_EQ(Hear(2), (std::vector<int>{-300, -300}));
+  FreeSound(sound);
+}
+
+TEST_F(SoundEffectTest, ABufferTheDeviceRefusesShowsItsBox) {
+  const std::pair<std::string, std::string> box = {"Cannot create new buffer", "Direct Sound Error"};
+  // A format the device does not play.
+  Write("compressed.wav", WaveFile(kTone, 2, Bytes{0xF4, 0x01}));
+  EXPECT_EQ(LoadSound(0, "dat\\compressed.wav"), nullptr);
+  EXPECT_EQ(Boxes(), (std::vector<std::pair<std::string, std::string>>{box}));
+
+  Audio().FailCreate(true);
+  EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
+  EXPECT_EQ(Boxes(), (std::vector<std::pair<std::string, std::string>>{box, box}));
+  EXPECT_EQ(Audio().LiveBuffers(), 0);
+}
+
+TEST_F(SoundEffectTest, AFailedStartOrRewindShowsItsBox) {
+  SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
+  Audio().FailPlay(true);
+  PlaySound(0, sound);
+  EXPECT_EQ(sound->playing, 0);
+  EXPECT_EQ(Boxes(), (std::vector<std::pair<std::string, std::string>>{{"Cannot start playing", "Direct Sound Error"}}));
+  EXPECT_EQ(Hear(1), (std::vector<int>{0}));
+
+  Audio().FailPlay(false);
+  PlaySound(0, sound);
+  EXPECT_EQ(sound->playing, 1);
+  Audio().FailRewind(true);
+  PlaySound(0, sound);
+  EXPECT_EQ(Boxes().back(), (std::pair<std::string, std::string>{"Cannot set current position", "Direct Sound Error"}));
+  EXPECT_EQ(Boxes().size(), 2u);
+  FreeSound(sound);
+}
+
+}  // namespace
