@@ -123,6 +123,7 @@ struct Layout {
   std::uint16_t bits;
   std::uint32_t rate;
 };
+void PrintTo(const Layout& l, std::ostream* out) { *out << l.channels << " x " << l.bits << " bits at " << l.rate; }
 
 class PcmLayouts : public WaveReaderTest, public ::testing::WithParamInterface<Layout> {};
 
@@ -143,7 +144,12 @@ TEST_P(PcmLayouts, GiveTheirFormatAndEveryByteOfData) {
 
 INSTANTIATE_TEST_SUITE_P(Wave, PcmLayouts,
                          ::testing::Values(Layout{1, 8, 11025}, Layout{2, 8, 22050}, Layout{1, 16, 44100},
-                                           Layout{2, 16, 22050}));
+                                           Layout{2, 16, 22050}),
+                         [](const ::testing::TestParamInfo<Layout>& info) {
+                           const Layout& l = info.param;
+                           return std::string(l.channels == 1 ? "Mono" : "Stereo") + std::to_string(l.bits) + "Bit" +
+                                  std::to_string(l.rate);
+                         });
 
 TEST_F(WaveReaderTest, OtherFormatsKeepTheirExtraBytes) {
   // A compressed format: two extra bytes (samples per block) and a "fact" chunk.

@@ -16,8 +16,8 @@ class HeadlessAudio : public AudioDevice {
   enum class Request { Create, SetVolume, Play, Rewind, Release };
   struct Call {
     Request request;
-    int buffer;         // the number of the buffer, counted from 1 in order of creation
-    std::int32_t value; // SetVolume: the volume; Play: 1 when looping; otherwise 0
+    int buffer;          // the buffer, numbered from 1 in order of creation; 0 for a refused Create
+    std::int32_t value;  // SetVolume: the volume; Play: 1 when looping; otherwise 0
   };
   struct BufferRecord {
     int number = 0;
