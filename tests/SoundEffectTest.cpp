@@ -17,53 +17,12 @@
 #include "platform/HeadlessBackend.h"
 #include "platform/Window.h"
 #include "shell/Globals.h"
+#include "support/WaveBytes.h"
 
 using platform::HeadlessAudio;
 using Request = platform::HeadlessAudio::Request;
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
-
-void Put16(Bytes& b, std::uint32_t v) {
-  b.push_back(static_cast<std::uint8_t>(v));
-  b.push_back(static_cast<std::uint8_t>(v >> 8));
-}
-void Put32(Bytes& b, std::uint32_t v) {
-  Put16(b, v & 0xFFFF);
-  Put16(b, v >> 16);
-}
-void PutId(Bytes& b, const char* id) {
-  for (int i = 0; i < 4; ++i) b.push_back(static_cast<std::uint8_t>(id[i]));
-}
-
-// A wave file of 16-bit mono samples at 22050 Hz, or of the format given.
-Bytes WaveFile(const std::vector<int>& samples, std::uint16_t tag = 1, const Bytes& extra = {}) {
-  Bytes data;
-  for (int s : samples) Put16(data, static_cast<std::uint16_t>(s));
-  Bytes fmt;
-  Put16(fmt, tag);
-  Put16(fmt, 1);
-  Put32(fmt, 22050);
-  Put32(fmt, 44100);
-  Put16(fmt, 2);
-  Put16(fmt, 16);
-  if (tag != 1) {
-    Put16(fmt, static_cast<std::uint32_t>(extra.size()));
-    fmt.insert(fmt.end(), extra.begin(), extra.end());
-  }
-  Bytes file;
-  PutId(file, "RIFF");
-  Put32(file, static_cast<std::uint32_t>(4 + 8 + fmt.size() + 8 + data.size()));
-  PutId(file, "WAVE");
-  PutId(file, "fmt ");
-  Put32(file, static_cast<std::uint32_t>(fmt.size()));
-  file.insert(file.end(), fmt.begin(), fmt.end());
-  PutId(file, "data");
-  Put32(file, static_cast<std::uint32_t>(data.size()));
-  file.insert(file.end(), data.begin(), data.end());
-  return file;
-}
 
 const std::vector<int> kTone = {1000, 2000, 3000, 4000, 5000, 6000, 7000, 8000};
 const std::vector<int> kLow = {-300, -300, -300, -300};
@@ -77,8 +36,8 @@ class SoundEffectTest : public ::testing::Test {
     platform::InstallBackend(&backend);
     effectsVolume = 100;
     OpenSoundOutput(0);
-    Write("tone.wav", WaveFile(kTone));
-    Write("low.wav", WaveFile(kLow));
+    Write("tone.wav", MakeWaveFile(kTone));
+    Write("low.wav", MakeWaveFile(kLow));
   }
   void TearDown() override {
     CloseSoundOutput();
@@ -232,7 +191,7 @@ TEST_F(SoundEffectTest, MutedPlaysNothingAndSetsNoVolume) {
 }
 
 TEST_F(SoundEffectTest, AWaveThatCannotBeReadShowsABoxAndGivesNoSound) {
-  Bytes broken = WaveFile(kTone);
+  Bytes broken = MakeWaveFile(kTone);
   broken.resize(broken.size() - 3);
   Write("broken.wav", broken);
   const std::pair<std::string, std::string> box = {"Bad wave file or file too big to fit in memory",
@@ -286,7 +245,7 @@ TEST_F(SoundEffectTest, TheWholeFormatGoesToTheDevice) {
   // The extensible record of 16-bit PCM: 22 extra bytes, handed on unchanged.
   const Bytes extensible = {16, 0, 4, 0, 0, 0, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x10, 0x00,
                             0x80, 0x00, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71};
-  Write("extensible.wav", WaveFile(kLow, 0xFFFE, extensible));
+  Write("extensible.wav", MakeWaveFile(kLow, 0xFFFE, extensible));
   SoundEffect* sound = LoadSound(0, "dat\\extensible.wav");
   ASSERT_NE(sound, nullptr);
   ASSERT_EQ(Audio().Buffers().size(), 1u);
@@ -300,7 +259,7 @@ TEST_F(SoundEffectTest, TheWholeFormatGoesToTheDevice) {
 TEST_F(SoundEffectTest, ABufferTheDeviceRefusesShowsItsBox) {
   const std::pair<std::string, std::string> box = {"Cannot create new buffer", "Direct Sound Error"};
   // A format the device does not play.
-  Write("compressed.wav", WaveFile(kTone, 2, Bytes{0xF4, 0x01}));
+  Write("compressed.wav", MakeWaveFile(kTone, 2, Bytes{0xF4, 0x01}));
   EXPECT_EQ(LoadSound(0, "dat\\compressed.wav"), nullptr);
   EXPECT_EQ(Boxes(), (std::vector<std::pair<std::string, std::string>>{box}));
 

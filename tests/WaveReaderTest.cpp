@@ -12,22 +12,11 @@
 #include <vector>
 
 #include "audio/WaveReader.h"
+#include "support/WaveBytes.h"
 
 using platform::WaveFormat;
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
-
-void Put16(Bytes& b, std::uint32_t v) {
-  b.push_back(static_cast<std::uint8_t>(v));
-  b.push_back(static_cast<std::uint8_t>(v >> 8));
-}
-void Put32(Bytes& b, std::uint32_t v) {
-  Put16(b, v & 0xFFFF);
-  Put16(b, v >> 16);
-}
-void PutId(Bytes& b, const std::string& id) { b.insert(b.end(), id.begin(), id.end()); }
 
 struct Chunk {
   std::string id;

@@ -3,8 +3,8 @@
 #include "graphics/Blit.h"
 #include "graphics/Text.h"
 #include "platform/Window.h"
+#include "screens/Frame.h"
 #include "shell/Globals.h"
-#include "ui/MousePointer.h"
 
 namespace {
 
@@ -70,6 +70,7 @@ LResult TitleScreen::HandleMessage(WindowHandle window, std::uint32_t message, W
 
 void TitleScreen::Choose(WindowHandle window) {
   if (!widgets.current) return;
+  PlayClick();
   switch (widgets.current->GetId()) {
     case kSparks:
       sparksOn = !sparksOn;
@@ -82,7 +83,7 @@ void TitleScreen::Choose(WindowHandle window) {
 }
 
 void TitleScreen::Draw() {
-  if (theMousePointer) theMousePointer->Show(0);
+  BeginFrame();
   theDisplay->ResetClip();
   if (background.Width() > 0) {
     background.DrawOpaque(0, 0, 1);
@@ -100,6 +101,5 @@ void TitleScreen::Draw() {
   sparks.UpdateAndDrawAdditive();
   EndAdditive();
   SetTextColour(255, 255, 255);
-  if (theMousePointer) theMousePointer->Show(1);
-  theDisplay->Present();
+  EndFrame();
 }

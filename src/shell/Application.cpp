@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "audio/SoundEffect.h"
 #include "graphics/CrossFade.h"
 #include "graphics/Text.h"
 #include "platform/Window.h"
@@ -47,8 +48,10 @@ int Application::StartUp(const std::string& commandLine, const FirstScreenFactor
   SetTextColour(255, 255, 255);
   SetTextBackColour(0, 0, 40);
   SetTextTransparent(1);
+  OpenSoundOutput(platform::kMainWindow);
   SeedRandom(StartingSeed());
   lastFrameTime = platform::GetTickCount();
+  clickSound = LoadSound(0, "dat\\button2.wav");
   effectsVolume = 100;
   mutedVolume = 0;
   shortcutSkip = 0;
@@ -114,4 +117,7 @@ void Application::ShutDown() {
   currentScreen = nullptr;
   delete theMousePointer;
   theMousePointer = nullptr;
+  FreeSound(clickSound);
+  clickSound = nullptr;
+  CloseSoundOutput();
 }

@@ -14,7 +14,13 @@
 
 class HeadlessGame {
  public:
-  explicit HeadlessGame(Application::FirstScreenFactory first, const std::string& commandLine = "-F") {
+  // Most tests run silent, without a sound device (and so without the click sound's file);
+  // tests of sounds ask for the device.
+  enum class Sound { Off, On };
+
+  explicit HeadlessGame(Application::FirstScreenFactory first, const std::string& commandLine = "-F",
+                        Sound sound = Sound::Off) {
+    backend.SetAudioPresent(sound == Sound::On);
     platform::InstallBackend(&backend);
     application = std::make_unique<Application>();
     started = application->StartUp(commandLine, first);
