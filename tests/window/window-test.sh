@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The real game in a real window under Xvfb: it starts, shows a frame that is not black,
-# quits on F12 with exit code 0, and quits the same way when its close button is used.
+# clicks when a button is clicked (heard through SDL's disk audio driver), quits on F12
+# with exit code 0, and quits the same way when its close button is used.
 # Usage: window-test.sh GAME CLOSE-WINDOW WORKDIR
 set -uo pipefail
 game="$1"
@@ -15,7 +16,8 @@ trap 'kill "$xvfb" 2>/dev/null; kill "$pid" 2>/dev/null' EXIT
 for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
 [ -s "$work/display" ] || fail "Xvfb did not start"
 export DISPLAY=":$(cat "$work/display")"
-export SDL_AUDIODRIVER=dummy
+export SDL_AUDIODRIVER=disk
+export SDL_DISKAUDIOFILE="$work/audio.raw"
 # LeakSanitizer's exit-time scan crashes among the X and GL driver threads of a real
 # window; leaks are checked by the headless tests, memory errors stay checked here.
 export ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
@@ -41,6 +43,18 @@ echo "mean brightness of the screen: $mean"
 awk -v m="$mean" 'BEGIN { exit !(m > 0.02) }' || fail "the screen is black"
 window=$(xdotool search --name '^Quarnwick$' | head -1)
 xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
+
+# Click the title's first button, at (320, 315) of the 640 x 480 frame, through the
+# window's scale: the click sound must reach the sound device.
+width=$(xdotool getwindowgeometry --shell "$window" | sed -n 's/^WIDTH=//p')
+scale=$((width / 640))
+[ "$scale" -ge 1 ] || fail "odd window width $width"
+heard_before=$(tr -d '\000' <"$work/audio.raw" | wc -c)
+xdotool mousemove --window "$window" $((320 * scale)) $((315 * scale)) click 1
+sleep 1
+heard=$(tr -d '\000' <"$work/audio.raw" | wc -c)
+echo "audio bytes that are not zero: $heard_before before the click, $heard after"
+[ "$heard" -gt "$heard_before" ] || fail "the click was not heard"
 xdotool key --window "$window" F12
 finish
 [ "$code" = 0 ] || fail "F12 ended the game with exit code $code"
