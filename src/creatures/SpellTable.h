@@ -26,7 +26,7 @@ enum SpellFamily : int {
   kFamilyPoison = 1,
   kFamilyParalyze = 2,
   kFamilyAccuracyDown = 3,
-  kFamilyOffenseDown = 4,  // damage with Offense down
+  kFamilyDamageOffenseDown = 4,
   kFamilySlow = 5,
   kFamilyDefenseDown = 6,
   kFamilySpeedDown = 7,

@@ -1,0 +1,202 @@
+// A Kindrel's creation, its growth by experience, its hit points and their colour.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+#include "creatures/Kindrel.h"
+#include "graphics/Display.h"
+#include "platform/DataPath.h"
+#include "support/BitmapBytes.h"
+
+namespace {
+
+constexpr int kBluberd = 0;
+constexpr int kFleenu = 4;
+constexpr int kGradon = 32;
+
+TEST(CreatureGrowthTest, CreationFromSpeciesAndLevel) {
+  const auto mookie = Kindrel::Create(kFleenu, 1);
+  ASSERT_NE(mookie, nullptr);
+  EXPECT_STREQ(mookie->name, speciesTable[kFleenu].name);
+  EXPECT_EQ(mookie->species, &speciesTable[kFleenu]);
+  EXPECT_EQ(mookie->level, 1);
+  EXPECT_EQ(mookie->experience, 0u);
+  EXPECT_EQ(mookie->hitPoints, 3);
+  EXPECT_EQ(mookie->MaxHitPoints(), 3);
+  EXPECT_EQ(mookie->poisonDamage, 0);
+  EXPECT_EQ(mookie->FirstActiveStatus(), 0);
+  for (float value : mookie->status) EXPECT_EQ(value, 0.0f);
+  EXPECT_STREQ(mookie->SpellInSlot(0).name, "Zap");
+  EXPECT_STREQ(mookie->SpellInSlot(1).name, "Hypnotize");
+  ASSERT_NE(mookie->picture, nullptr);
+  EXPECT_STREQ(mookie->picture->fileName, speciesTable[kFleenu].pictureFile);
+
+  // Hit points grow with the level.
+  const auto dragon = Kindrel::Create(kGradon, 7);
+  ASSERT_NE(dragon, nullptr);
+  EXPECT_EQ(dragon->hitPoints, 70);
+  EXPECT_EQ(dragon->MaxHitPoints(), 70);
+
+  // No species beyond the table, no level below 1.
+  EXPECT_EQ(Kindrel::Create(-1, 1), nullptr);
+  EXPECT_EQ(Kindrel::Create(kSpeciesCount, 1), nullptr);
+  EXPECT_EQ(Kindrel::Create(kBluberd, 0), nullptr);
+
+  // Names are cut to 63 characters.
+  const std::string longName(100, 'k');
+  mookie->SetName(longName.c_str());
+  EXPECT_EQ(std::strlen(mookie->name), 63u);
+  mookie->SetName("Mookie");
+  EXPECT_STREQ(mookie->name, "Mookie");
+}
+
+TEST(CreatureGrowthTest, SpellsKnownByLevel) {
+  const struct {
+    int level;
+    int known;
+  } cases[] = {{1, 2}, {4, 2}, {5, 3}, {8, 3}, {9, 4}, {12, 4}, {13, 5}, {40, 5}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(SpellsKnownAtLevel(c.level), c.known) << "level " << c.level;
+    const auto creature = Kindrel::Create(kBluberd, c.level);
+    ASSERT_NE(creature, nullptr);
+    EXPECT_EQ(creature->spellsKnown, c.known) << "level " << c.level;
+  }
+}
+
+TEST(CreatureGrowthTest, ExperienceAndLevels) {
+  // Thresholds: 10, 40, 90, 160, 250 for levels 1 to 5; a level begins where the one
+  // below it ends.
+  EXPECT_EQ(NextLevelExperience(1), 10u);
+  EXPECT_EQ(NextLevelExperience(2), 40u);
+  EXPECT_EQ(NextLevelExperience(5), 250u);
+  EXPECT_EQ(LevelStartExperience(1), 0u);
+  EXPECT_EQ(LevelStartExperience(3), 40u);
+  EXPECT_EQ(LevelStartExperience(6), 250u);
+
+  // 9 + 1 reaches level 2 at full health.
+  auto a = Kindrel::Create(kBluberd, 1);
+  a->experience = 9;
+  a->hitPoints = 1;
+  EXPECT_TRUE(a->AddExperience(1));
+  EXPECT_EQ(a->level, 2);
+  EXPECT_EQ(a->experience, 10u);
+  EXPECT_EQ(a->hitPoints, 4);
+  EXPECT_EQ(a->NextLevelExperience(), 40u);
+
+  // Short of the threshold nothing but the experience changes.
+  a->hitPoints = 2;
+  EXPECT_FALSE(a->AddExperience(29));
+  EXPECT_EQ(a->level, 2);
+  EXPECT_EQ(a->experience, 39u);
+  EXPECT_EQ(a->hitPoints, 2);
+
+  // 9 + 100: one level only, then the next award of any size brings the next.
+  auto b = Kindrel::Create(kBluberd, 1);
+  b->experience = 9;
+  EXPECT_TRUE(b->AddExperience(100));
+  EXPECT_EQ(b->level, 2);
+  EXPECT_EQ(b->experience, 109u);
+  b->hitPoints = 1;
+  EXPECT_TRUE(b->AddExperience(0));
+  EXPECT_EQ(b->level, 3);
+  EXPECT_EQ(b->hitPoints, 6);
+  // 109 is past level 3's threshold (90) too, so one more award of nothing rises again;
+  // then level 4's threshold (160) stops it.
+  EXPECT_TRUE(b->AddExperience(0));
+  EXPECT_EQ(b->level, 4);
+  EXPECT_FALSE(b->AddExperience(0));
+  EXPECT_EQ(b->level, 4);
+  EXPECT_EQ(b->experience, 109u);
+
+  // Levels 4 -> 5 and 12 -> 13 teach a new spell; 5 -> 6 does not.
+  auto c = Kindrel::Create(kBluberd, 4);
+  c->experience = LevelStartExperience(5) - 1;
+  EXPECT_TRUE(c->AddExperience(1));
+  EXPECT_EQ(c->level, 5);
+  EXPECT_EQ(c->spellsKnown, 3);
+  c->experience = LevelStartExperience(6);
+  EXPECT_TRUE(c->AddExperience(0));
+  EXPECT_EQ(c->spellsKnown, 3);
+  auto d = Kindrel::Create(kBluberd, 12);
+  d->experience = LevelStartExperience(13);
+  EXPECT_TRUE(d->AddExperience(0));
+  EXPECT_EQ(d->spellsKnown, 5);
+}
+
+TEST(CreatureGrowthTest, HitPointsAndTheirColour) {
+  // Gradon at level 1 has 10; a level-4 Bluberd has 8.
+  auto creature = Kindrel::Create(kBluberd, 4);
+  ASSERT_EQ(creature->MaxHitPoints(), 8);
+  const std::uint32_t red = PackColour(255, 0, 0), yellow = PackColour(255, 255, 0), green = PackColour(0, 255, 0);
+  const struct {
+    int hitPoints;
+    std::uint32_t colour;
+  } cases[] = {{0, red}, {1, red}, {2, red}, {3, yellow}, {4, yellow}, {5, green}, {8, green}};
+  for (const auto& c : cases) {
+    creature->hitPoints = c.hitPoints;
+    EXPECT_EQ(creature->HitPointColour(), c.colour) << c.hitPoints << " of 8";
+  }
+
+  // Damage never takes more than the creature has.
+  creature->hitPoints = 2;
+  EXPECT_EQ(creature->LoseHitPoints(5), 2);
+  EXPECT_EQ(creature->hitPoints, 0);
+  EXPECT_TRUE(creature->IsFainted());
+  EXPECT_EQ(creature->LoseHitPoints(3), 0);
+  EXPECT_EQ(creature->hitPoints, 0);
+  creature->hitPoints = 6;
+  EXPECT_EQ(creature->LoseHitPoints(-4), 0);
+  EXPECT_EQ(creature->LoseHitPoints(1), 1);
+  EXPECT_EQ(creature->hitPoints, 5);
+
+  // Healing restores the hit points and clears every status value; the end of a combat
+  // clears the status values only.
+  creature->status[Poisoned] = -0.75f;
+  creature->status[Offense] = 2.0f;
+  creature->ClearStatus();
+  EXPECT_EQ(creature->hitPoints, 5);
+  EXPECT_EQ(creature->status[Poisoned], 0.0f);
+  EXPECT_EQ(creature->status[Offense], 0.0f);
+  creature->hitPoints = 0;
+  creature->status[Slow] = -1.0f;
+  creature->Heal();
+  EXPECT_EQ(creature->hitPoints, 8);
+  EXPECT_EQ(creature->FirstActiveStatus(), 0);
+}
+
+TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
+  // A species picture in a data folder of our own: two creatures get separate pictures,
+  // and releasing frees it.
+  const auto folder = std::filesystem::temp_directory_path() / ("quarnwick-kindrel-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(folder / "dat");
+  BitmapSpec spec;
+  spec.width = 4;
+  spec.height = 3;
+  spec.values.assign(12, 0xC86432);
+  WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(spec));
+  platform::SetDataRoot(folder.string());
+  {
+    auto first = Kindrel::Create(kFleenu, 1);
+    auto second = Kindrel::Create(kFleenu, 1);
+    ASSERT_EQ(first->picture->Width(), 4);
+    ASSERT_EQ(second->picture->Width(), 4);
+    EXPECT_NE(first->picture->surface.get(), second->picture->surface.get());
+    const std::uint16_t corner = second->picture->surface->At(0, 0);
+    first->picture->surface->Pixels()[0] = 0x1234;
+    first->picture->Mirror();
+    EXPECT_EQ(second->picture->surface->At(0, 0), corner) << "mirroring one leaves the other alone";
+    first->Release();
+    EXPECT_EQ(first->picture, nullptr);
+  }
+  // A missing picture gives an empty one.
+  auto missing = Kindrel::Create(kBluberd, 1);
+  EXPECT_EQ(missing->picture->Width(), 0);
+  EXPECT_EQ(missing->hitPoints, 2);
+  platform::SetDataRoot("");
+  std::filesystem::remove_all(folder);
+}
+
+}  // namespace
