@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <set>
 
 #include "creatures/PlayerRecord.h"
+#include "creatures/ShowcaseParty.h"
 #include "world/Item.h"
 #include "world/LocationTable.h"
 
@@ -154,6 +156,29 @@ TEST_F(PartyRecordTest, TheGamesOneRecord) {
   EXPECT_EQ(thePlayer.PartyCount(), 1);
   thePlayer.ReleaseParty();
   thePlayer.currentLocation = nullptr;
+}
+
+TEST_F(PartyRecordTest, ShowcaseParty) {
+  PlayerRecord record;
+  record.party[0] = Kindrel::Create(7, 1);
+  FillShowcaseParty(record);
+  ASSERT_EQ(record.PartyCount(), kPartySize);
+  std::set<const SpeciesInfo*> species;
+  int fainted = 0, red = 0, yellow = 0;
+  for (const auto& creature : record.party) {
+    species.insert(creature->species);
+    if (creature->hitPoints <= 0) {
+      ++fainted;
+      continue;
+    }
+    red += creature->HitPointColour() == PackColour(255, 0, 0);
+    yellow += creature->HitPointColour() == PackColour(255, 255, 0);
+  }
+  EXPECT_EQ(species.size(), static_cast<std::size_t>(kPartySize));
+  EXPECT_EQ(fainted, 1);
+  EXPECT_EQ(red, 1);
+  EXPECT_EQ(yellow, 1);
+  EXPECT_STREQ(record.party[0]->name, "Mookie");
 }
 
 TEST_F(PartyRecordTest, Items) {
