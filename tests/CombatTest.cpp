@@ -1,0 +1,254 @@
+// Combats driven through the message loop: the messages of an exchange in their order,
+// input during messages, changing creatures, boosts and resistances, catching, winning
+// with a level-up, and retreating. Fixed seeds make every run the same.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+
+#include "combat/CombatMode.h"
+#include "creatures/PlayerRecord.h"
+#include "shell/Globals.h"
+#include "shell/Random.h"
+#include "support/HeadlessGame.h"
+
+namespace {
+
+constexpr int kBluberd = 0, kFleenu = 4, kStondre = 35, kGradon = 32;
+
+class CombatTest : public ::testing::Test {
+ protected:
+  void TearDown() override {
+    game.reset();
+    thePlayer.ReleaseParty();
+    thePlayer.difficulty = kNormal;
+    thePlayer.textSpeed = 5;
+    thePlayer.firstCatchDone = 0;
+  }
+  // A game whose first screen is a probe, with the combat pushed above it.
+  void Fight(std::vector<std::pair<int, int>> opponents, int catchAllowed = 1) {
+    game.reset();
+    log.clear();
+    game = std::make_unique<HeadlessGame>([this] { return new ProbeScreen("MAZE", &log); });
+    below = static_cast<ProbeScreen*>(currentScreen);
+    auto** list = static_cast<SpeciesInfo**>(std::malloc(sizeof(SpeciesInfo*) * opponents.size()));
+    for (std::size_t i = 0; i < opponents.size(); ++i) {
+      list[i] = SpeciesAt(opponents[i].first);
+      list[i]->encounterLevel = opponents[i].second;
+    }
+    const int count = static_cast<int>(opponents.size());
+    below->onMessage = [this, list, count, catchAllowed](std::uint32_t message, WParam wParam, LParam) {
+      if (message == platform::WM_KEYDOWN && wParam == 'B') {
+        pendingScreen = new CombatMode(1, "COMBAT MODE", list, count, "dat\\tower-back.bmp", catchAllowed, 0, 0, 0, 0);
+        below->state = kStatePush;
+      }
+    };
+    game->backend.KeyPress('B');
+    game->RunFor(20);
+    combat = static_cast<CombatMode*>(currentScreen);
+    ASSERT_STREQ(combat->GetName(), "COMBAT MODE");
+  }
+  // Runs until the condition holds (or the combat is gone), writing down every new message.
+  bool RunUntil(const std::function<bool()>& done, int limitMs = 120000) {
+    for (int t = 0; t < limitMs; t += 10) {
+      if (currentScreen != combat) return done();
+      if (messages.empty() || messages.back() != combat->message) messages.push_back(combat->message);
+      if (done()) return true;
+      game->RunFor(10);
+    }
+    return false;
+  }
+  bool InPhase(int phase) const { return currentScreen == combat && combat->phase == phase; }
+  void WaitForChoice() { ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); })); }
+  void Click(int x, int y) {
+    game->backend.LeftClick(x, y);
+    game->RunFor(10);
+  }
+  void CastSpell(int slot) { Click(100, 210 + 26 * slot); }
+  std::vector<std::string> Since(std::size_t from) const { return {messages.begin() + from, messages.end()}; }
+
+  std::vector<std::string> log;
+  std::vector<std::string> messages;
+  std::unique_ptr<HeadlessGame> game;
+  ProbeScreen* below = nullptr;
+  CombatMode* combat = nullptr;
+};
+
+TEST_F(CombatTest, AnExchangeOfZaps) {
+  // Mookie, level 1, against a wild Bluberd of level 2, both casting Zap: the rolls that
+  // give two hits come with some seeds and not with others; the first such seed is used.
+  bool found = false;
+  for (std::uint32_t seed = 1; seed < 200 && !found; ++seed) {
+    thePlayer.StartNewGame();
+    Fight({{kBluberd, 2}});
+    EXPECT_EQ(combat->message, "Mookie is battling a Bluberd!");
+    WaitForChoice();
+    messages.clear();
+    SeedRandom(seed);
+    CastSpell(0);
+    ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+    if (combat->opponent->hitPoints != 3 || thePlayer.party[0]->hitPoints != 1) continue;
+    found = true;
+    EXPECT_EQ(messages, (std::vector<std::string>{"Mookie uses Zap on the Bluberd!", "The Bluberd loses 1 point!",
+                                                  "The Bluberd uses Zap on Mookie!", "Mookie loses 2 points!",
+                                                  "Choose a spell."}));
+  }
+  EXPECT_TRUE(found);
+}
+
+TEST_F(CombatTest, InputDuringMessagesAndTheButtons) {
+  thePlayer.StartNewGame();
+  thePlayer.textSpeed = 10;
+  Fight({{kBluberd, 1}});
+  EXPECT_EQ(textDelay, 15);
+  EXPECT_EQ(combat->countdownLength, 30) << "the opening message lasts twice the text delay";
+  // A click during a message ends it at the next tick; a key only plays the refusal.
+  game->backend.KeyPress(platform::VK_RETURN);
+  game->RunFor(100);
+  EXPECT_EQ(combat->phase, kPhaseOpening);
+  Click(10, 10);
+  game->RunFor(40);
+  EXPECT_EQ(combat->phase, kPhaseWaiting);
+  EXPECT_EQ(combat->message, "Choose a spell.");
+
+  // Two known spells: two buttons, at y 200-225 and 226-251.
+  Box* zap = combat->widgets.FindById(kFirstSpellButton);
+  Box* second = combat->widgets.FindById(kFirstSpellButton + 1);
+  ASSERT_NE(zap, nullptr);
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(combat->widgets.FindById(kFirstSpellButton + 2), nullptr);
+  EXPECT_STREQ(zap->Caption(), "Zap");
+  EXPECT_STREQ(second->Caption(), "Hypnotize");
+  EXPECT_EQ(zap->top, 200);
+  EXPECT_EQ(second->top, 226);
+  EXPECT_EQ(second->bottom, 251);
+  EXPECT_EQ(combat->widgets.FindById(kCatchButton), nullptr);
+}
+
+TEST_F(CombatTest, ChangingCreatures) {
+  thePlayer.StartNewGame();
+  thePlayer.party[2] = Kindrel::Create(kGradon, 3);
+  thePlayer.party[2]->hitPoints = 0;  // fainted, but it may still be sent in
+  Fight({{kBluberd, 1}});
+  WaitForChoice();
+  Click(580, 330);  // Change
+  EXPECT_EQ(combat->message, "Choose another Kindrel!");
+  Click(150, 420);  // the empty box of slot 1: the change ends without a word
+  EXPECT_EQ(combat->choosingReplacement, 0);
+  EXPECT_EQ(combat->activeSlot, 0);
+  Click(580, 330);
+  Click(260, 420);  // slot 2
+  EXPECT_EQ(combat->activeSlot, 2);
+  EXPECT_EQ(combat->message, "Gradon enters the battle!");
+  EXPECT_STREQ(combat->widgets.FindById(kFirstSpellButton)->Caption(), "Mega Zap");
+  EXPECT_EQ(combat->phase, kPhaseWaiting) << "the player still chooses a spell";
+
+  // Gradon has no hit points: its first exchange faints it and Mookie comes back.
+  combat->opponent->status[Speed] = 50;  // the Bluberd acts first
+  CastSpell(0);
+  ASSERT_TRUE(RunUntil([&] { return combat->activeSlot == 0; }));
+  EXPECT_EQ(combat->message, "Mookie is now battling the Bluberd!");
+  EXPECT_EQ(combat->phase, kPhaseOpening);
+}
+
+TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
+  // A Squeaker casting Concentrate (its fifth spell, known from level 13).
+  thePlayer.NewGameReset();
+  thePlayer.party[0] = Kindrel::Create(19, 13);
+  Fight({{kStondre, 1}});
+  WaitForChoice();
+  combat->opponent->status[Accuracy] = -50;  // the Stondre never hits
+  messages.clear();
+  CastSpell(4);
+  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  EXPECT_EQ(messages.front(), "Squeaker uses Concentrate!");
+  EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 1.0f) << "boosted, and boosts do not wear off";
+  for (const std::string& m : messages) EXPECT_EQ(m.find("loses"), std::string::npos) << m;
+
+  // Stondre resists every effect: a Fleenu's Hypnotize that hits it is always resisted.
+  thePlayer.party[1] = Kindrel::Create(kFleenu, 1);
+  thePlayer.party[1]->status[Accuracy] = 50;  // always hits
+  Click(580, 330);
+  Click(150, 420);
+  messages.clear();
+  CastSpell(1);  // Hypnotize
+  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  EXPECT_NE(std::find(messages.begin(), messages.end(), "The Stondre resists being paralyzed!"), messages.end());
+  EXPECT_EQ(combat->opponent->status[Paralyzed], 0.0f);
+}
+
+TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
+  thePlayer.StartNewGame();
+  Fight({{kBluberd, 4}});
+  WaitForChoice();
+  thePlayer.party[0]->status[Accuracy] = 50;
+  thePlayer.party[0]->status[Speed] = 50;
+  combat->opponent->hitPoints = 2;  // a hit leaves it at 1: weak
+  CastSpell(0);
+  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  ASSERT_NE(combat->widgets.FindById(kCatchButton), nullptr);
+  Click(590, 300);
+  EXPECT_EQ(combat->message, "You caught the Bluberd!");
+  ASSERT_TRUE(RunUntil([&] { return currentScreen != combat; }));
+  EXPECT_EQ(combatResult, 0);
+  EXPECT_NE(std::find(messages.begin(), messages.end(), "You win this battle!"), messages.end());
+  ASSERT_NE(thePlayer.party[1], nullptr);
+  EXPECT_STREQ(thePlayer.party[1]->name, "Bluberd");
+  EXPECT_EQ(thePlayer.party[1]->experience, 90u) << "10 x (level - 1)^2";
+  EXPECT_EQ(thePlayer.party[1]->hitPoints, 1) << "it keeps its hit points";
+  EXPECT_EQ(thePlayer.firstCatchDone, 1);
+  EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f) << "status cleared when the combat ends";
+}
+
+TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
+  for (const bool fullParty : {true, false}) {
+    thePlayer.StartNewGame();
+    if (fullParty) {
+      for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);
+    }
+    Fight({{kBluberd, 4}}, fullParty ? 1 : 0);
+    WaitForChoice();
+    thePlayer.party[0]->status[Accuracy] = 50;
+    thePlayer.party[0]->status[Speed] = 50;
+    combat->opponent->hitPoints = 2;
+    combat->opponent->status[Accuracy] = -50;
+    CastSpell(0);
+    ASSERT_TRUE(RunUntil([&] { return combat->opponent->hitPoints == 1 && InPhase(kPhaseWaiting); }));
+    EXPECT_EQ(combat->widgets.FindById(kCatchButton), nullptr) << (fullParty ? "full party" : "a wizard's team");
+  }
+}
+
+TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
+  thePlayer.StartNewGame();
+  thePlayer.party[0]->experience = 9;
+  Fight({{kBluberd, 1}, {kFleenu, 2}}, 0);
+  WaitForChoice();
+  thePlayer.party[0]->status[Accuracy] = 50;
+  thePlayer.party[0]->status[Speed] = 50;
+  combat->opponent->hitPoints = 1;
+  messages.clear();
+  CastSpell(0);
+  ASSERT_TRUE(RunUntil([&] { return combat->opponentIndex == 1 && InPhase(kPhaseWaiting); }));
+  const std::vector<std::string> expected = {"Mookie uses Zap on the Bluberd!", "The Bluberd loses 1 point!",
+                                             "Mookie is now level 2!", "The Bluberd retreats!",
+                                             "Mookie is battling a Fleenu!", "Choose a spell."};
+  EXPECT_EQ(messages, expected);
+  EXPECT_EQ(thePlayer.party[0]->level, 2);
+  EXPECT_EQ(thePlayer.party[0]->experience, 14u) << "9 and the award of 5 for a level-1 opponent";
+  EXPECT_EQ(thePlayer.party[0]->hitPoints, 6) << "a new level heals";
+  EXPECT_EQ(combat->opponentOffsetX, 0.0f) << "the new opponent stands in its place";
+}
+
+TEST_F(CombatTest, RetreatLeavesAtOnce) {
+  thePlayer.StartNewGame();
+  Fight({{kBluberd, 3}});
+  WaitForChoice();
+  thePlayer.party[0]->status[Defense] = 2;
+  Click(580, 355);
+  EXPECT_EQ(currentScreen, below);
+  EXPECT_EQ(combatResult, 2);
+  EXPECT_EQ(thePlayer.party[0]->status[Defense], 0.0f);
+  EXPECT_EQ(thePlayer.party[0]->hitPoints, 3);
+}
+
+}  // namespace
