@@ -127,7 +127,7 @@ TEST(CreatureGrowthTest, ExperienceAndLevels) {
 }
 
 TEST(CreatureGrowthTest, HitPointsAndTheirColour) {
-  // Gradon at level 1 has 10; a level-4 Bluberd has 8.
+  // A level-4 Bluberd has 8 hit points at most.
   auto creature = Kindrel::Create(kBluberd, 4);
   ASSERT_EQ(creature->MaxHitPoints(), 8);
   const std::uint32_t red = PackColour(255, 0, 0), yellow = PackColour(255, 255, 0), green = PackColour(0, 255, 0);
@@ -172,11 +172,11 @@ TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
   // and releasing frees it.
   const auto folder = std::filesystem::temp_directory_path() / ("quarnwick-kindrel-" + std::to_string(::getpid()));
   std::filesystem::create_directories(folder / "dat");
-  BitmapSpec spec;
-  spec.width = 4;
-  spec.height = 3;
-  spec.values.assign(12, 0xC86432);
-  WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(spec));
+  BitmapSpec bitmap;
+  bitmap.width = 4;
+  bitmap.height = 3;
+  bitmap.values.assign(12, 0xC86432);
+  WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(bitmap));
   platform::SetDataRoot(folder.string());
   {
     auto first = Kindrel::Create(kFleenu, 1);

@@ -25,12 +25,12 @@ class PartyStripTest : public ::testing::Test {
   void SetUp() override {
     folder = std::filesystem::temp_directory_path() / ("quarnwick-strip-" + std::to_string(::getpid()));
     std::filesystem::create_directories(folder / "dat");
-    BitmapSpec spec;
-    spec.width = 104;
-    spec.height = 105;
-    spec.values.assign(static_cast<std::size_t>(spec.width) * spec.height, 0x969696);
-    spec.values[0] = 0x000000;  // one transparent pixel in the top-left corner
-    WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(spec));
+    BitmapSpec bitmap;
+    bitmap.width = 104;
+    bitmap.height = 105;
+    bitmap.values.assign(static_cast<std::size_t>(bitmap.width) * bitmap.height, 0x969696);
+    bitmap.values[0] = 0x000000;  // one transparent pixel in the top-left corner
+    WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(bitmap));
     platform::SetDataRoot(folder.string());
     game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
     ASSERT_EQ(game->started, 1);
