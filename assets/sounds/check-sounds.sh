@@ -29,7 +29,7 @@ fault() {
 
 # Little-endian unsigned integer of SIZE bytes at OFFSET.
 le() { od -An -t u"$3" -j "$2" -N "$3" --endian=little "$1" | tr -d ' '; }
-text_at() { dd if="$1" bs=1 skip="$2" count=4 status=none; }
+text_at() { dd if="$1" bs=1 skip="$2" count=4 status=none | tr -d "\\000"; }
 
 # One field of "sox FILE -n stats" (the whole-file column).
 stat_of() {
@@ -78,6 +78,7 @@ while IFS= read -r line || [ -n "${line}" ]; do
   shortest=${fields[3]}
   longest=${fields[4]}
   file=${dat}/${output}
+  faults_before=${faults}
   checked=$((checked + 1))
   if [ ! -f "${file}" ]; then
     fault "missing (${file})"
@@ -129,7 +130,8 @@ while IFS= read -r line || [ -n "${line}" ]; do
   case "${kind}" in
     ambience | tune) check_loop "${file}" "${channels}" "${seconds}" ;;
   esac
-  echo "ok ${output}: ${seconds} s, ${channels} ch, peak ${peak} dBFS, RMS ${rms} dBFS"
+  [ ${faults} -gt ${faults_before} ] ||
+    echo "ok ${output}: ${seconds} s, ${channels} ch, peak ${peak} dBFS, RMS ${rms} dBFS"
 done <"${manifest}"
 
 if [ ${checked} -eq 0 ]; then
