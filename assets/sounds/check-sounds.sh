@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Checks every sound that sounds.manifest lists, as baked into DAT:
+# Checks every sound that the manifests list, as baked into DAT:
 #
-#   check-sounds.sh MANIFEST DAT
+#   check-sounds.sh DAT MANIFEST...
 #
 # - a plain 44-byte RIFF/WAVE header: PCM, 16 bits, 1 or 2 channels, 22050 Hz, the sizes
 #   agreeing with the file's;
@@ -15,9 +15,9 @@
 # Prints one line per fault and exits 1 when there is any.
 set -uo pipefail
 
-[ $# -eq 2 ] || { echo "usage: check-sounds.sh MANIFEST DAT" >&2; exit 2; }
-manifest=$1
-dat=$2
+[ $# -ge 2 ] || { echo "usage: check-sounds.sh DAT MANIFEST..." >&2; exit 2; }
+dat=$1
+shift
 rate=22050
 faults=0
 checked=0
@@ -67,72 +67,74 @@ check_loop() {
   fi
 }
 
-number=0
-while IFS= read -r line || [ -n "${line}" ]; do
-  number=$((number + 1))
-  read -ra fields <<<"${line}"
-  [ ${#fields[@]} -eq 0 ] && continue
-  [[ ${fields[0]} == \#* ]] && continue
-  output=${fields[0]}
-  kind=${fields[1]}
-  shortest=${fields[3]}
-  longest=${fields[4]}
-  file=${dat}/${output}
-  faults_before=${faults}
-  checked=$((checked + 1))
-  if [ ! -f "${file}" ]; then
-    fault "missing (${file})"
-    continue
-  fi
-
-  size=$(stat -c %s "${file}")
-  if [ "${size}" -lt 46 ]; then fault "only ${size} bytes"; continue; fi
-  header_ok=1
-  [ "$(text_at "${file}" 0)" = RIFF ] || { fault "no RIFF"; header_ok=0; }
-  [ "$(text_at "${file}" 8)" = WAVE ] || { fault "no WAVE"; header_ok=0; }
-  [ "$(text_at "${file}" 12)" = "fmt " ] || { fault "no fmt chunk at byte 12"; header_ok=0; }
-  [ "$(text_at "${file}" 36)" = data ] || { fault "no data chunk at byte 36 (not a plain 44-byte header)"; header_ok=0; }
-  [ ${header_ok} -eq 1 ] || continue
-  [ "$(le "${file}" 4 4)" -eq $((size - 8)) ] || fault "RIFF size $(le "${file}" 4 4), file ${size} bytes"
-  [ "$(le "${file}" 16 4)" -eq 16 ] || fault "fmt chunk of $(le "${file}" 16 4) bytes, not 16"
-  [ "$(le "${file}" 20 2)" -eq 1 ] || fault "format $(le "${file}" 20 2), not PCM"
-  channels=$(le "${file}" 22 2)
-  [ "${channels}" -eq 1 ] || [ "${channels}" -eq 2 ] || fault "${channels} channels"
-  [ "$(le "${file}" 24 4)" -eq ${rate} ] || fault "rate $(le "${file}" 24 4), not ${rate}"
-  [ "$(le "${file}" 28 4)" -eq $((rate * channels * 2)) ] || fault "byte rate $(le "${file}" 28 4)"
-  [ "$(le "${file}" 32 2)" -eq $((channels * 2)) ] || fault "block size $(le "${file}" 32 2)"
-  [ "$(le "${file}" 34 2)" -eq 16 ] || fault "$(le "${file}" 34 2) bits, not 16"
-  data=$(le "${file}" 40 4)
-  [ "${data}" -eq $((size - 44)) ] || fault "data size ${data}, file ${size} bytes"
-  [ $((data % (channels * 2))) -eq 0 ] || fault "data size ${data} is not whole frames"
-
-  seconds=$(awk -v d="${data}" -v c="${channels}" -v r=${rate} 'BEGIN { printf "%.4f", d / (c * 2) / r }')
-  awk -v s="${seconds}" -v lo="${shortest}" -v hi="${longest}" 'BEGIN { exit !(s >= lo && s <= hi) }' ||
-    fault "lasts ${seconds} s, not ${shortest} to ${longest} s"
-
-  peak=$(stat_of "${file}" "Pk lev dB")
-  rms=$(stat_of "${file}" "RMS lev dB")
-  if ! [[ ${peak} =~ ^-?[0-9.]+$ && ${rms} =~ ^-?[0-9.]+$ ]]; then
-    fault "silent (peak ${peak}, RMS ${rms})"
-    continue
-  fi
-  awk -v p="${peak}" 'BEGIN { exit !(p <= -0.9) }' || fault "clipped or nearly: peak ${peak} dBFS"
-  awk -v p="${peak}" 'BEGIN { exit !(p >= -20) }' || fault "too quiet: peak ${peak} dBFS"
-  case "${kind}" in
-    effect)
-      awk -v p="${peak}" 'BEGIN { exit !(p >= -7 && p <= -2.5) }' || fault "an effect peaking at ${peak} dBFS" ;;
-    jingle | tune)
-      awk -v r="${rms}" 'BEGIN { exit !(r >= -21 && r <= -15) }' || fault "RMS ${rms} dBFS, not about -18" ;;
-    ambience)
-      awk -v r="${rms}" 'BEGIN { exit !(r >= -27 && r <= -21) }' || fault "RMS ${rms} dBFS, not about -24" ;;
-    *) fault "unknown kind '${kind}'" ;;
-  esac
-  case "${kind}" in
-    ambience | tune) check_loop "${file}" "${channels}" "${seconds}" ;;
-  esac
-  [ ${faults} -gt ${faults_before} ] ||
-    echo "ok ${output}: ${seconds} s, ${channels} ch, peak ${peak} dBFS, RMS ${rms} dBFS"
-done <"${manifest}"
+for manifest in "$@"; do
+  [ -f "${manifest}" ] || { echo "FAULT: no manifest ${manifest}"; exit 1; }
+  while IFS= read -r line || [ -n "${line}" ]; do
+    read -ra fields <<<"${line}"
+    [ ${#fields[@]} -eq 0 ] && continue
+    [[ ${fields[0]} == \#* ]] && continue
+    output=${fields[0]}
+    if [ ${#fields[@]} -ne 5 ]; then fault "expected OUTPUT KIND SOURCE SHORTEST LONGEST in ${manifest}"; continue; fi
+    kind=${fields[1]}
+    shortest=${fields[3]}
+    longest=${fields[4]}
+    file=${dat}/${output}
+    faults_before=${faults}
+    checked=$((checked + 1))
+    if [ ! -f "${file}" ]; then
+      fault "missing (${file})"
+      continue
+    fi
+  
+    size=$(stat -c %s "${file}")
+    if [ "${size}" -lt 46 ]; then fault "only ${size} bytes"; continue; fi
+    header_ok=1
+    [ "$(text_at "${file}" 0)" = RIFF ] || { fault "no RIFF"; header_ok=0; }
+    [ "$(text_at "${file}" 8)" = WAVE ] || { fault "no WAVE"; header_ok=0; }
+    [ "$(text_at "${file}" 12)" = "fmt " ] || { fault "no fmt chunk at byte 12"; header_ok=0; }
+    [ "$(text_at "${file}" 36)" = data ] || { fault "no data chunk at byte 36 (not a plain 44-byte header)"; header_ok=0; }
+    [ ${header_ok} -eq 1 ] || continue
+    [ "$(le "${file}" 4 4)" -eq $((size - 8)) ] || fault "RIFF size $(le "${file}" 4 4), file ${size} bytes"
+    [ "$(le "${file}" 16 4)" -eq 16 ] || fault "fmt chunk of $(le "${file}" 16 4) bytes, not 16"
+    [ "$(le "${file}" 20 2)" -eq 1 ] || fault "format $(le "${file}" 20 2), not PCM"
+    channels=$(le "${file}" 22 2)
+    [ "${channels}" -eq 1 ] || [ "${channels}" -eq 2 ] || fault "${channels} channels"
+    [ "$(le "${file}" 24 4)" -eq ${rate} ] || fault "rate $(le "${file}" 24 4), not ${rate}"
+    [ "$(le "${file}" 28 4)" -eq $((rate * channels * 2)) ] || fault "byte rate $(le "${file}" 28 4)"
+    [ "$(le "${file}" 32 2)" -eq $((channels * 2)) ] || fault "block size $(le "${file}" 32 2)"
+    [ "$(le "${file}" 34 2)" -eq 16 ] || fault "$(le "${file}" 34 2) bits, not 16"
+    data=$(le "${file}" 40 4)
+    [ "${data}" -eq $((size - 44)) ] || fault "data size ${data}, file ${size} bytes"
+    [ $((data % (channels * 2))) -eq 0 ] || fault "data size ${data} is not whole frames"
+  
+    seconds=$(awk -v d="${data}" -v c="${channels}" -v r=${rate} 'BEGIN { printf "%.4f", d / (c * 2) / r }')
+    awk -v s="${seconds}" -v lo="${shortest}" -v hi="${longest}" 'BEGIN { exit !(s >= lo && s <= hi) }' ||
+      fault "lasts ${seconds} s, not ${shortest} to ${longest} s"
+  
+    peak=$(stat_of "${file}" "Pk lev dB")
+    rms=$(stat_of "${file}" "RMS lev dB")
+    if ! [[ ${peak} =~ ^-?[0-9.]+$ && ${rms} =~ ^-?[0-9.]+$ ]]; then
+      fault "silent (peak ${peak}, RMS ${rms})"
+      continue
+    fi
+    awk -v p="${peak}" 'BEGIN { exit !(p <= -0.9) }' || fault "clipped or nearly: peak ${peak} dBFS"
+    awk -v p="${peak}" 'BEGIN { exit !(p >= -30) }' || fault "nearly silent: peak ${peak} dBFS"
+    case "${kind}" in
+      effect)
+        awk -v p="${peak}" 'BEGIN { exit !(p >= -7 && p <= -2.5) }' || fault "an effect peaking at ${peak} dBFS" ;;
+      jingle | tune)
+        awk -v r="${rms}" 'BEGIN { exit !(r >= -21 && r <= -15) }' || fault "RMS ${rms} dBFS, not about -18" ;;
+      ambience)
+        awk -v r="${rms}" 'BEGIN { exit !(r >= -27 && r <= -21) }' || fault "RMS ${rms} dBFS, not about -24" ;;
+      *) fault "unknown kind '${kind}'" ;;
+    esac
+    case "${kind}" in
+      ambience | tune) check_loop "${file}" "${channels}" "${seconds}" ;;
+    esac
+    [ ${faults} -gt ${faults_before} ] ||
+      echo "ok ${output}: ${seconds} s, ${channels} ch, peak ${peak} dBFS, RMS ${rms} dBFS"
+  done <"${manifest}"
+done
 
 if [ ${checked} -eq 0 ]; then
   echo "FAULT: the manifest lists no sounds"
