@@ -1,5 +1,5 @@
 // What one frame costs: a full-screen background, sprites keyed and additive, a wrapped
-// text block, and the title screen as a whole.
+// text block, and the main menu as a whole.
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -10,7 +10,7 @@
 #include "platform/DataPath.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/Window.h"
-#include "screens/TitleScreen.h"
+#include "screens/MainMenuScreen.h"
 #include "shell/Application.h"
 #include "shell/Globals.h"
 
@@ -77,13 +77,13 @@ void WrappedText400x300(benchmark::State& state) {
 }
 BENCHMARK(WrappedText400x300);
 
-void TitleFrame(benchmark::State& state) {
+void MainMenuFrame(benchmark::State& state) {
   BenchGame game;
-  TitleScreen title(1, "TITLE_MODE");
+  MainMenuScreen menu(1, "MAIN_OPTION_MODE");
   std::uint32_t now = 0;
-  for (auto _ : state) benchmark::DoNotOptimize(title.Tick(now += 34));
+  for (auto _ : state) benchmark::DoNotOptimize(menu.Tick(now += 34));
 }
-BENCHMARK(TitleFrame);
+BENCHMARK(MainMenuFrame);
 
 }  // namespace
 

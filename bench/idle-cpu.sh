@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The processor load of the game standing idle on its title screen in a real window under
+# The processor load of the game standing on its main menu in a real window under
 # Xvfb, over ten seconds. The loop waits for its next frame instead of spinning, so the load
 # stays a few percent at most.
 # Usage: bench/idle-cpu.sh [path/to/quarnwick]

@@ -24,10 +24,11 @@ class CombatTest : public ::testing::Test {
     thePlayer.difficulty = kNormal;
     thePlayer.textSpeed = 5;
     thePlayer.firstCatchDone = 0;
+    for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
   }
   // A game whose first screen is a probe, with the combat pushed above it.
+  // Set the party up before: ending a game releases it.
   void Fight(std::vector<std::pair<int, int>> opponents, int catchAllowed = 1) {
-    game.reset();
     log.clear();
     game = std::make_unique<HeadlessGame>([this] { return new ProbeScreen("MAZE", &log); });
     below = static_cast<ProbeScreen*>(currentScreen);
@@ -79,6 +80,7 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
   // give two hits come with some seeds and not with others; the first such seed is used.
   bool found = false;
   for (std::uint32_t seed = 1; seed < 200 && !found; ++seed) {
+    game.reset();
     thePlayer.StartNewGame();
     Fight({{kBluberd, 2}});
     EXPECT_EQ(combat->message, "Mookie is battling a Bluberd!");
@@ -202,6 +204,7 @@ TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
 
 TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
   for (const bool fullParty : {true, false}) {
+    game.reset();
     thePlayer.StartNewGame();
     if (fullParty) {
       for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);

@@ -21,15 +21,8 @@ struct Panel {
 void CombatMode::Draw() {
   BeginFrame();
   theDisplay->ResetClip();
-  // Tile the background over the whole screen.
-  const int w = background.Width(), h = background.Height();
-  if (w > 0 && h > 0) {
-    for (int y = 0; y < 480; y += h)
-      for (int x = 0; x < 640; x += w) background.DrawOpaque(x, y, 1);
-  } else {
-    theDisplay->ClearScreen(0, 0, 0);
-  }
-  for (int i = 0; i < kPartySize; ++i) frame.DrawKeyed(6 + 105 * i, 375, 1);
+  TilePicture(background);
+  DrawPartyFrames(frame);
   drawPartyStrip(-1);
   DrawCreature(Active(), playerX + playerOffsetX, playerY + playerOffsetY);
   DrawCreature(opponent.get(), opponentX + opponentOffsetX, opponentY + opponentOffsetY);

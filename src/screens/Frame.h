@@ -6,3 +6,9 @@ void BeginFrame();
 void EndFrame();
 // The click of every menu button.
 void PlayClick();
+
+class Picture;
+// Repeats the picture over the whole 640 x 480 screen from its top-left corner.
+void TilePicture(Picture& picture);
+// The frame picture at the top-left corner of each of the six party boxes.
+void DrawPartyFrames(Picture& frame);

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "audio/SoundEffect.h"
+#include "creatures/PlayerRecord.h"
 #include "graphics/CrossFade.h"
 #include "graphics/Text.h"
 #include "platform/Window.h"
@@ -115,6 +116,8 @@ void Application::ShutDown() {
   if (currentScreen) currentScreen->Deactivate();
   while (GameMode* top = modeStack.Pop()) delete top;
   currentScreen = nullptr;
+  // The party's pictures go while the display still exists.
+  thePlayer.ReleaseParty();
   delete theMousePointer;
   theMousePointer = nullptr;
   FreeSound(clickSound);

@@ -3,7 +3,7 @@
 
 #include "platform/SdlBackend.h"
 #include "platform/Window.h"
-#include "screens/TitleScreen.h"
+#include "screens/MainMenuScreen.h"
 #include "shell/Application.h"
 
 int main(int argc, char** argv) {
@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
   int exitCode = 0;
   {
     Application application;
-    if (application.StartUp(commandLine, [] { return new TitleScreen(1, "TITLE_MODE"); })) {
+    if (application.StartUp(commandLine, [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); })) {
       exitCode = application.Run();
       application.ShutDown();
     }

@@ -44,13 +44,13 @@ awk -v m="$mean" 'BEGIN { exit !(m > 0.02) }' || fail "the screen is black"
 window=$(xdotool search --name '^Quarnwick$' | head -1)
 xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
 
-# Click the title's first button, at (320, 315) of the 640 x 480 frame, through the
+# Click the main menu's "Credits", at (320, 385) of the 640 x 480 frame, through the
 # window's scale: the click sound must reach the sound device.
 width=$(xdotool getwindowgeometry --shell "$window" | sed -n 's/^WIDTH=//p')
 scale=$((width / 640))
 [ "$scale" -ge 1 ] || fail "odd window width $width"
 heard_before=$(tr -d '\000' <"$work/audio.raw" | wc -c)
-xdotool mousemove --window "$window" $((320 * scale)) $((315 * scale)) click 1
+xdotool mousemove --window "$window" $((320 * scale)) $((385 * scale)) click 1
 sleep 1
 heard=$(tr -d '\000' <"$work/audio.raw" | wc -c)
 echo "audio bytes that are not zero: $heard_before before the click, $heard after"

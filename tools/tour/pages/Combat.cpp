@@ -25,9 +25,8 @@ class StripScreen : public GameMode {
   int Activate() override { return Tick(0); }
   int Tick(std::uint32_t) override {
     BeginFrame();
-    for (int y = 0; y < 480 && floor.Height() > 0; y += floor.Height())
-      for (int x = 0; x < 640; x += floor.Width()) floor.DrawOpaque(x, y, 1);
-    for (int i = 0; i < kPartySize; ++i) frame.DrawKeyed(6 + 105 * i, 375, 1);
+    TilePicture(floor);
+    DrawPartyFrames(frame);
     drawPartyStrip(-1);
     EndFrame();
     return 1;

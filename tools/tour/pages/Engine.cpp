@@ -1,4 +1,4 @@
-// Tour pages of the engine: the title screen, and a test card of the drawing functions
+// Tour pages of the engine: the main menu, and a test card of the drawing functions
 // (opaque, keyed, additive and clipped pictures, every font slot in every format).
 #include <cstdio>
 
@@ -6,7 +6,7 @@
 #include "graphics/Blit.h"
 #include "graphics/Picture.h"
 #include "graphics/Text.h"
-#include "screens/TitleScreen.h"
+#include "screens/MainMenuScreen.h"
 #include "shell/Globals.h"
 
 namespace {
@@ -79,8 +79,8 @@ class TestCard : public GameMode {
   Picture opaque, keyed, additive;
 };
 
-TourPage title("title", [] { return new TitleScreen(1, "TITLE_MODE"); },
-               [](TourGame& game) { game.RunFor(200); });
+TourPage title("main-menu", [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); },
+               [](TourGame& game) { game.RunFor(2000); });
 TourPage card("engine-card", [] { return new TestCard(); }, [](TourGame& game) { game.RunFor(100); });
 
 }  // namespace

@@ -1,0 +1,18 @@
+#pragma once
+// How the menus answer the mouse and the keys on their column of buttons: a click on a
+// button or Enter / Space chooses the current button (a right click chooses it backward,
+// where a menu knows a backward), Up and Down move the highlight.
+#include <cstdint>
+
+#include "platform/Messages.h"
+#include "ui/ObjectList.h"
+
+enum class MenuAction { None, Choose, ChooseBackward };
+
+struct MenuInput {
+  MenuAction action = MenuAction::None;
+  bool moved = false;  // the highlight went to another button
+  bool mouse = false;  // a mouse message
+};
+
+MenuInput ReadMenuInput(ObjectList& buttons, std::uint32_t message, platform::WParam wParam, platform::LParam lParam);

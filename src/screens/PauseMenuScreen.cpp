@@ -1,0 +1,74 @@
+#include "screens/PauseMenuScreen.h"
+
+#include "platform/Window.h"
+#include "screens/Frame.h"
+#include "screens/MenuInput.h"
+#include "screens/OptionsScreen.h"
+#include "shell/Globals.h"
+
+int gameQuitRequest = 0;
+
+PauseMenuScreen::PauseMenuScreen(std::uint32_t id, const char* name)
+    : GameMode(id, name), buttons(PackColour(180, 180, 230), PackColour(100, 255, 100)) {
+  buttons.Add(new Button(kContinueGame, "Continue Game", 64, 0, 280, 640, 310, 2));
+  buttons.Add(new Button(kSaveGame, "Save Game", 64, 0, 310, 640, 340, 2));
+  buttons.Add(new Button(kOptions, "Gameplay Options", 64, 0, 340, 640, 370, 2));
+  buttons.Add(new Button(kQuitGame, "Quit Game", 64, 0, 410, 640, 440, 2));
+  background.LoadPicture("dat\\back1.bmp");
+}
+
+PauseMenuScreen::~PauseMenuScreen() = default;
+
+int PauseMenuScreen::Activate() {
+  tune.Activate();
+  gameQuitRequest = 0;
+  Draw();
+  return 1;
+}
+
+int PauseMenuScreen::Deactivate() {
+  tune.Deactivate();
+  return 0;
+}
+
+LResult PauseMenuScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
+  if (dialogOpen) return 0;
+  if (message == platform::WM_PAINT) Draw();
+  if (message == platform::WM_KEYDOWN && (wParam < 13 || wParam > 40)) return 0;
+  const MenuInput input = ReadMenuInput(buttons, message, wParam, lParam);
+  if (input.action != MenuAction::None) Choose();
+  const bool clicked = message == platform::WM_LBUTTONDOWN || message == platform::WM_RBUTTONDOWN;
+  if (clicked || input.moved) platform::InvalidateRect(window);
+  return 0;
+}
+
+void PauseMenuScreen::Choose() {
+  if (!buttons.current) return;
+  switch (buttons.current->GetId()) {
+    case kContinueGame:
+      Leave();
+      break;
+    case kOptions:
+      PlayClick();
+      pendingScreen = new OptionsScreen(1, "DIFF_MODE");
+      state = kStatePush;
+      tune.keepMusic = 1;
+      break;
+    case kQuitGame:
+      gameQuitRequest = 1;
+      Leave();
+      break;
+  }
+}
+
+void PauseMenuScreen::Leave() {
+  pendingScreen = nullptr;
+  state = kStateLeave;
+}
+
+void PauseMenuScreen::Draw() {
+  BeginFrame();
+  background.DrawOpaque(0, 0, 1);
+  buttons.DrawAll();
+  EndFrame();
+}
