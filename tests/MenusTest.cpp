@@ -1,0 +1,155 @@
+// The main menu, the options and the pause menu, driven from start-up like a player:
+// the buttons by mouse and keys, the settings wrapping round, the tune kept across the
+// options and the credits, a new game, and quitting a game back to the menu.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include <filesystem>
+
+#include "creatures/PlayerRecord.h"
+#include "platform/DataPath.h"
+#include "screens/MainMenuScreen.h"
+#include "screens/OptionsScreen.h"
+#include "screens/PauseMenuScreen.h"
+#include "screens/WorldMapScreen.h"
+#include "shell/Globals.h"
+#include "support/BitmapBytes.h"
+#include "support/HeadlessGame.h"
+#include "support/WaveBytes.h"
+
+namespace {
+
+using Request = platform::HeadlessAudio::Request;
+
+class MenusTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    // A data folder with a click and a tune of our own.
+    folder = std::filesystem::temp_directory_path() / ("quarnwick-menus-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(folder / "dat");
+    WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile({9000, -9000}));
+    WriteFile((folder / "dat" / "pcmonst1.wav").string(), MakeWaveFile({100, 200, 300, 200}));
+    platform::SetDataRoot(folder.string());
+    game = std::make_unique<HeadlessGame>([] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }, "-F",
+                                          HeadlessGame::Sound::On);
+    menu = static_cast<MainMenuScreen*>(currentScreen);
+    game->RunFor(100);
+  }
+  void TearDown() override {
+    game.reset();
+    thePlayer.ReleaseParty();
+    thePlayer.difficulty = kNormal;
+    thePlayer.textSpeed = 5;
+    thePlayer.playerIsMale = 1;
+    std::filesystem::remove_all(folder);
+  }
+  void Click(int x, int y, bool right = false) {
+    if (right) game->backend.RightClick(x, y);
+    else game->backend.LeftClick(x, y);
+    game->RunFor(100);
+  }
+  void Key(std::uint32_t key) {
+    game->backend.KeyPress(key);
+    game->RunFor(100);
+  }
+  const char* Top() const { return currentScreen ? currentScreen->GetName() : ""; }
+  // How often a looping sound was started.
+  int TuneStarts() const {
+    int n = 0;
+    for (const auto& call : game->backend.AudioOutput().CallsOf(Request::Play)) n += call.value == 1;
+    return n;
+  }
+
+  std::filesystem::path folder;
+  std::unique_ptr<HeadlessGame> game;
+  MainMenuScreen* menu = nullptr;
+};
+
+TEST_F(MenusTest, EnterAtOnceQuitsAndClicksBesideButtonsDoNothing) {
+  EXPECT_EQ(menu->buttons.current->GetId(), MainMenuScreen::kQuit);
+  Click(320, 20);
+  Click(320, 20, true);
+  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
+  Key(platform::VK_RETURN);
+  EXPECT_TRUE(game->application->Ended());
+  EXPECT_EQ(game->application->ExitCode(), 0);
+}
+
+TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {
+  EXPECT_EQ(TuneStarts(), 1);
+  Click(320, 355, true);  // a right click acts like a left one here
+  ASSERT_STREQ(Top(), "DIFF_MODE");
+  auto* options = static_cast<OptionsScreen*>(currentScreen);
+  EXPECT_EQ(options->buttons.current->GetId(), OptionsScreen::kContinue);
+  Click(320, 355);
+  Click(320, 355);
+  Click(320, 355);
+  EXPECT_EQ(thePlayer.difficulty, kNormal) << "three steps forward come round again";
+  Click(320, 355, true);
+  Click(320, 355, true);
+  EXPECT_EQ(thePlayer.difficulty, kHard) << "backward from EASY gives HARD";
+  EXPECT_STREQ(options->buttons.FindById(OptionsScreen::kDifficulty)->Caption(), "Difficulty: HARD");
+  thePlayer.textSpeed = 10;
+  Click(320, 385);
+  EXPECT_EQ(thePlayer.textSpeed, 1);
+  Click(320, 385, true);
+  EXPECT_EQ(thePlayer.textSpeed, 10);
+  Click(320, 325);
+  EXPECT_STREQ(options->buttons.FindById(OptionsScreen::kGender)->Caption(), "Player is FEMALE");
+  Key(platform::VK_UP);  // from the gender up to "Continue"
+  Key(platform::VK_RETURN);
+  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
+  EXPECT_EQ(TuneStarts(), 1) << "the tune did not start again on the way back";
+
+  // The credits, and back: still no second tune.
+  Click(320, 385);
+  ASSERT_STREQ(Top(), "INFO_MODE");
+  Click(320, 380);
+  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
+  EXPECT_EQ(TuneStarts(), 1);
+  EXPECT_EQ(game->backend.AudioOutput().LiveBuffers(), 2) << "the click and the one tune";
+}
+
+TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
+  thePlayer.difficulty = kEasy;
+  thePlayer.textSpeed = 9;
+  Click(320, 295);
+  ASSERT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(thePlayer.difficulty, kEasy);
+  EXPECT_EQ(thePlayer.textSpeed, 9);
+  ASSERT_NE(thePlayer.party[0], nullptr);
+  EXPECT_STREQ(thePlayer.party[0]->name, "Mookie");
+  EXPECT_EQ(thePlayer.party[0]->hitPoints, 3);
+  EXPECT_EQ(thePlayer.PartyCount(), 1);
+  EXPECT_STREQ(thePlayer.currentLocation->name, "Home");
+
+  // Options on the map, then Quit Game: back through the map to the menu.
+  Key(platform::VK_RETURN);
+  ASSERT_STREQ(Top(), "PAUSE OPTION MODE");
+  Key(platform::VK_RETURN);  // "Quit Game" is current
+  game->backend.MouseMove(5, 5);
+  game->RunFor(200);
+  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
+  EXPECT_EQ(gameQuitRequest, 0);
+  EXPECT_EQ(TuneStarts(), 3) << "the menu, the pause menu, and the menu again after a game";
+}
+
+TEST(TurnTowardTest, TurnsTheShortWayAtMostTheLimit) {
+  constexpr float pi = std::numbers::pi_v<float>;
+  // Heading up, target to the right: a small right turn.
+  EXPECT_FLOAT_EQ(TurnToward(100, 100, 200, 100, 0.0f, 0.1f), 0.1f);
+  // Heading right, target up: a left turn.
+  EXPECT_FLOAT_EQ(TurnToward(100, 100, 100, 0, pi / 2, 0.1f), -0.1f);
+  // Nearly there: the remaining difference.
+  EXPECT_NEAR(TurnToward(100, 100, 200, 100, pi / 2 - 0.05f, 0.1f), 0.05f, 1e-5f);
+  // Heading nearly straight down on the left side (-3.0), target down and a little left:
+  // the short way is a small left turn across the wrap of the angle, not a turn all round.
+  const float turn = TurnToward(0, 0, -10, 100, -3.0f, 0.5f);
+  EXPECT_LT(std::fabs(turn), 0.5f);
+  // Without a limit, the absolute bearing.
+  EXPECT_NEAR(TurnToward(0, 0, 0, 100, 0.0f, 0.0f), pi, 1e-5f);
+}
+
+}  // namespace
