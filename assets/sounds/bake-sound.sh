@@ -160,8 +160,9 @@ make_from_score() {
     run_sox -m -v 1 head.wav -v 1 tail.wav -e floating-point -b 32 made.wav
   else
     [ -z "${bars}" ] || fail "a jingle plays once: no '% @loop' line"
-    # Cut the silence the synthesiser leaves at the end and fade out its last breath.
-    run_sox made.wav trimmed.wav reverse silence 1 0.005 -60d fade q 0.05 reverse
+    # Cut the ringing where it has fallen 45 dB below the peak and fade out its last
+    # quarter second.
+    run_sox made.wav trimmed.wav gain -n -1 reverse silence 1 0.01 -46d fade q 0.25 reverse
     mv trimmed.wav made.wav
   fi
 }
