@@ -1,0 +1,204 @@
+// Saved games: the file of a new game line by line, round trips of everything a file
+// holds, the name a save gets, a failed write that keeps the earlier save, and every kind
+// of broken file refused without touching the game.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "persist/SavedGame.h"
+#include "platform/AtomicFile.h"
+#include "platform/HeadlessBackend.h"
+#include "platform/Window.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const char* const kNewGameFile =
+    "320 200\n"
+    "YES\n"
+    "Mookie\n"
+    "4 1 3 0\n"
+    "NO\nNO\nNO\nNO\nNO\n"
+    "1 1 0 0 0 0 0 1 1 1 0 0 0 0 0 \n"
+    "0 0 0 0 0 0 \n"
+    "1 1 5 0\n"
+    "ITEMEND\n";
+
+std::string Slurp(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+class SavedGameTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder = fs::temp_directory_path() / ("quarnwick-saves-" + std::to_string(::getpid()));
+    fs::create_directories(folder);
+    platform::InstallBackend(&backend);
+    thePlayer.difficulty = kNormal;
+    thePlayer.textSpeed = 5;
+    thePlayer.playerIsMale = 1;
+    thePlayer.StartNewGame();
+  }
+  void TearDown() override {
+    thePlayer.ReleaseParty();
+    while (ScreenObject* item = thePlayer.items.First()) {
+      thePlayer.items.Remove(item);
+      delete item;
+    }
+    thePlayer.NewGameReset();
+    platform::InstallBackend(nullptr);
+    fs::remove_all(folder);
+  }
+  std::string Path(const std::string& name) const { return (folder / name).string(); }
+  std::string Saved() const { return FormatSavedGame(CaptureGame(thePlayer)); }
+
+  fs::path folder;
+  platform::HeadlessBackend backend;
+};
+
+TEST_F(SavedGameTest, ANewGameSavesAsItsWorkedFileAndLoadsBack) {
+  ASSERT_TRUE(WriteSavedGame(Path("save1")));
+  EXPECT_EQ(Slurp(folder / "save1.gam"), kNewGameFile);
+  thePlayer.party[0]->hitPoints = 1;
+  thePlayer.textSpeed = 8;
+  ASSERT_TRUE(ReadSavedGame(Path("save1.gam")));
+  EXPECT_EQ(Saved(), kNewGameFile);
+  EXPECT_EQ(thePlayer.party[0]->spellsKnown, 2);
+  EXPECT_TRUE(backend.MessageBoxes().empty());
+  // Only the file and nothing left over beside it.
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+}
+
+TEST_F(SavedGameTest, EverythingAFileHoldsComesBack) {
+  thePlayer.party[3] = Kindrel::Create(32, 7);
+  thePlayer.party[3]->hitPoints = 0;  // fainted
+  thePlayer.party[3]->experience = 400;
+  thePlayer.party[3]->SetName("  100% Gradon");
+  thePlayer.party[0]->SetName("%s%d");
+  thePlayer.currentLocation = &locationTable[8];
+  thePlayer.wizardDefeated[0] = 1;
+  OpenNextTier(0);
+  thePlayer.difficulty = kHard;
+  thePlayer.playerIsMale = 0;
+  thePlayer.firstCatchDone = 1;
+  thePlayer.AddItem("Brass Key");
+  thePlayer.AddItem("Old Map");
+  const std::string before = Saved();
+  ASSERT_TRUE(WriteSavedGame(Path("everything.txt")));
+  EXPECT_TRUE(fs::exists(folder / "everything.gam"));
+
+  thePlayer.StartNewGame();
+  thePlayer.AddItem("Lost Thing");
+  ASSERT_TRUE(ReadSavedGame(Path("everything.gam")));
+  EXPECT_EQ(Saved(), before);
+  EXPECT_EQ(thePlayer.party[1], nullptr);
+  EXPECT_EQ(thePlayer.party[2], nullptr);
+  EXPECT_STREQ(thePlayer.party[3]->name, "  100% Gradon");
+  EXPECT_STREQ(thePlayer.party[0]->name, "%s%d");
+  EXPECT_EQ(thePlayer.party[3]->hitPoints, 0);
+  EXPECT_STREQ(thePlayer.currentLocation->name, "Market");
+  EXPECT_EQ(locationTable[10].open, 1);
+  ASSERT_NE(thePlayer.items.First(), nullptr);
+  EXPECT_STREQ(thePlayer.items.First()->GetName(), "Brass Key");
+  EXPECT_STREQ(thePlayer.items.Next()->GetName(), "Old Map");
+  EXPECT_EQ(thePlayer.items.Next(), nullptr);
+}
+
+TEST_F(SavedGameTest, ReadingRulesOfTheFile) {
+  // Windows line ends; numbers of one block on several lines; an item that ends the list.
+  std::string text = kNewGameFile;
+  text.replace(text.find("4 1 3 0\n"), 8, "4\n1\n3 0\n");
+  text.replace(text.find("ITEMEND\n"), 8, "Brass Key\nITEMEND-X\nOld Map\nITEMEND\n");
+  std::string windows;
+  for (char c : text) windows += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  auto game = ParseSavedGame(windows, nullptr);
+  ASSERT_TRUE(game.has_value());
+  EXPECT_EQ(game->party[0]->name, "Mookie") << "the carriage return is no part of the name";
+  EXPECT_EQ(game->party[0]->hitPoints, 3);
+  EXPECT_EQ(game->items, std::vector<std::string>{"Brass Key"});
+
+  // No end mark: the items end with the file.
+  text = kNewGameFile;
+  text.replace(text.find("ITEMEND\n"), 8, "Rope\n");
+  EXPECT_EQ(ParseSavedGame(text, nullptr)->items, std::vector<std::string>{"Rope"});
+
+  // A first line that names no map point keeps the current place.
+  text = kNewGameFile;
+  text.replace(0, 7, "1 2");
+  thePlayer.currentLocation = &locationTable[7];
+  ApplySavedGame(*ParseSavedGame(text, nullptr), thePlayer);
+  EXPECT_STREQ(thePlayer.currentLocation->name, "Temple of Knowledge");
+}
+
+TEST_F(SavedGameTest, TheNameOfASave) {
+  EXPECT_EQ(FinalSaveName(""), "");
+  EXPECT_EQ(FinalSaveName("save1"), "save1.gam");
+  EXPECT_EQ(FinalSaveName("save1.txt"), "save1.gam");
+  EXPECT_EQ(FinalSaveName("save1.gam"), "save1.gam");
+  EXPECT_EQ(FinalSaveName("/home/me/games.v2/save1.old.gam"), "/home/me/games.v2/save1.gam");
+  fs::create_directories(folder / "games.v2");
+  ASSERT_TRUE(WriteSavedGame(Path("games.v2/mine")));
+  EXPECT_TRUE(fs::exists(folder / "games.v2" / "mine.gam"));
+  EXPECT_FALSE(WriteSavedGame(""));
+  EXPECT_TRUE(backend.MessageBoxes().empty()) << "an empty name writes nothing and says nothing";
+}
+
+TEST_F(SavedGameTest, AFailedWriteKeepsTheEarlierSave) {
+  ASSERT_TRUE(WriteSavedGame(Path("keep")));
+  thePlayer.party[0]->SetName("Changed");
+  platform::FailNextFileWrites(1, ENOSPC);
+  EXPECT_FALSE(WriteSavedGame(Path("keep")));
+  EXPECT_EQ(Slurp(folder / "keep.gam"), kNewGameFile);
+  ASSERT_EQ(backend.MessageBoxes().size(), 1u);
+  const std::string& box = backend.MessageBoxes()[0].text;
+  EXPECT_NE(box.find((folder / "keep.gam").string()), std::string::npos) << box;
+  EXPECT_NE(box.find("No space left on device"), std::string::npos) << box;
+  // A folder that does not exist: refused with its reason, nothing made.
+  EXPECT_FALSE(WriteSavedGame(Path("nowhere/save")));
+  EXPECT_EQ(backend.MessageBoxes().size(), 2u);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+}
+
+TEST_F(SavedGameTest, BrokenFilesAreRefusedAndTheGameStays) {
+  thePlayer.party[0]->SetName("Keeper");
+  const std::string before = Saved();
+  auto refused = [&](const std::string& text, const char* why) {
+    std::ofstream(folder / "bad.gam", std::ios::binary) << text;
+    const std::size_t boxes = backend.MessageBoxes().size();
+    EXPECT_FALSE(ReadSavedGame(Path("bad.gam"))) << why;
+    EXPECT_EQ(Saved(), before) << why;
+    ASSERT_EQ(backend.MessageBoxes().size(), boxes + 1) << why;
+    EXPECT_EQ(backend.MessageBoxes().back().caption, "Cannot load the game");
+  };
+  const std::string good = kNewGameFile;
+  // Every cut of the file before its settings are whole.
+  for (std::size_t n = 0; n < good.find("1 1 5 0") + 6; n += 3) refused(good.substr(0, n), "truncated");
+  auto with = [&](const char* from, const char* to) {
+    std::string text = good;
+    text.replace(text.find(from), std::strlen(from), to);
+    return text;
+  };
+  refused(with("4 1 3 0", "four 1 3 0"), "a word for a number");
+  refused(with("4 1 3 0", "36 1 3 0"), "a species outside the table");
+  refused(with("4 1 3 0", "-1 1 3 0"), "a negative species");
+  refused(with("4 1 3 0", "4 0 3 0"), "level 0");
+  refused(with("4 1 3 0", "4 1 30000 0"), "more hit points than the creature can have");
+  refused(with("4 1 3 0", "4 1 3 99999999999999"), "an absurd number");
+  refused(with("1 1 5 0", "1 1 11 0"), "text speed 11");
+  refused(with("0 0 0 0 0 0 \n", "0 0 2 0 0 0 \n"), "a wizard's flag of 2");
+  EXPECT_FALSE(ReadSavedGame(Path("missing.gam")));
+  EXPECT_NE(backend.MessageBoxes().back().text.find("No such file"), std::string::npos);
+  EXPECT_FALSE(ReadSavedGame(folder.string()));
+  EXPECT_EQ(Saved(), before);
+}
+
+}  // namespace
