@@ -35,11 +35,7 @@ CombatMode::CombatMode(std::uint32_t id, const char* name, OpponentList opponent
       widgets(PackColour(180, 180, 230), PackColour(100, 255, 100)) {
   textDelay = (15 - thePlayer.textSpeed) * 3;
   combatResult = 1;
-  for (int i = 0; i < kPartySize; ++i) {
-    const Rect box = PartyBoxRect(i);
-    widgets.Add(new MonsterBox(kFirstPartyBox + i, "MonsterBox", "dat\\mapModeOutline.bmp", box.left, box.top,
-                               box.right, box.bottom));
-  }
+  AddPartyBoxes(widgets, kFirstPartyBox);
   widgets.Add(new Button(kChangeButton, "Change", 64, 540, 320, 640, 345, 2));
   widgets.Add(new Button(kRetreatButton, "Retreat", 64, 540, 345, 640, 370, 2));
   frame.LoadPicture("dat\\outline2.bmp");

@@ -8,6 +8,7 @@
 #include "graphics/Text.h"
 #include "platform/Window.h"
 #include "screens/Frame.h"
+#include "screens/MenuInput.h"
 #include "shell/Globals.h"
 #include "shell/TextFormat.h"
 
@@ -32,11 +33,7 @@ std::string StatusValues(const Kindrel& k) {
 
 CreatureInfoScreen::CreatureInfoScreen(std::uint32_t id, const char* name, int slot, int withSwap)
     : GameMode(id, name), widgets(PackColour(180, 180, 230), PackColour(100, 255, 100)), selectedSlot(slot) {
-  for (int k = 0; k < kPartySize; ++k) {
-    const Rect box = PartyBoxRect(k);
-    widgets.Add(new MonsterBox(kFirstBox + k, "MonsterBox", "dat\\mapModeOutline.bmp", box.left, box.top, box.right,
-                               box.bottom));
-  }
+  AddPartyBoxes(widgets, kFirstBox);
   if (withSwap == 1) widgets.Add(new Button(kSwap, "SWAP", 64, 540, 310, 640, 340, 2));
   widgets.Add(new Button(kExit, "EXIT", 64, 540, 340, 640, 370, 2));
   nameField = new Box(kNameField, "X", " ", 63, 20, 20, 205, 120, 2);
@@ -65,30 +62,15 @@ int CreatureInfoScreen::Tick(std::uint32_t) {
 }
 
 LResult CreatureInfoScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
-  const int x = platform::PointX(lParam), y = platform::PointY(lParam);
-  switch (message) {
-    case platform::WM_LBUTTONDOWN:
-    case platform::WM_RBUTTONDOWN:
-      if (widgets.HitTest(x, y) != kHitNothing) Choose();
-      break;
-    case platform::WM_MOUSEMOVE:
-      widgets.HitTest(x, y);
-      break;
-    case platform::WM_CHAR:
-      widgets.TypeChar(static_cast<int>(wParam));
-      platform::InvalidateRect(window);
-      break;
-    case platform::WM_TIMER:
-      ++blinkCounter;
-      break;
-    case platform::WM_KEYDOWN:
-      if (wParam == platform::VK_RETURN || wParam == platform::VK_SPACE) Choose();
-      if (wParam == platform::VK_UP || wParam == platform::VK_DOWN) {
-        widgets.Cycle(wParam == platform::VK_UP ? kCyclePrevious : kCycleNext);
-        platform::InvalidateRect(window);
-      }
-      break;
+  if (message == platform::WM_CHAR) {
+    widgets.TypeChar(static_cast<int>(wParam));
+    platform::InvalidateRect(window);
+  } else if (message == platform::WM_TIMER) {
+    ++blinkCounter;
   }
+  const MenuInput input = ReadMenuInput(widgets, message, wParam, lParam);
+  if (input.action != MenuAction::None) Choose();
+  if (message == platform::WM_KEYDOWN && input.moved) platform::InvalidateRect(window);
   return 0;
 }
 

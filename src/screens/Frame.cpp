@@ -5,6 +5,7 @@
 #include "graphics/Display.h"
 #include "graphics/Picture.h"
 #include "shell/Globals.h"
+#include "ui/ObjectList.h"
 #include "ui/MousePointer.h"
 
 void BeginFrame() {
@@ -32,5 +33,13 @@ void DrawPartyFrames(Picture& frame) {
   for (int slot = 0; slot < kPartySize; ++slot) {
     const Rect box = PartyBoxRect(slot);
     frame.DrawKeyed(box.left, box.top, 1);
+  }
+}
+
+void AddPartyBoxes(ObjectList& widgets, int firstId) {
+  for (int slot = 0; slot < kPartySize; ++slot) {
+    const Rect box = PartyBoxRect(slot);
+    widgets.Add(new MonsterBox(static_cast<std::uint32_t>(firstId + slot), "MonsterBox", "dat\\mapModeOutline.bmp",
+                               box.left, box.top, box.right, box.bottom));
   }
 }

@@ -8,6 +8,9 @@ void EndFrame();
 void PlayClick();
 
 class Picture;
+class ObjectList;
+// The six party boxes as picture boxes with the highlight frame, ids firstId .. firstId + 5.
+void AddPartyBoxes(ObjectList& widgets, int firstId);
 // Repeats the picture over the whole 640 x 480 screen from its top-left corner.
 void TilePicture(Picture& picture);
 // The frame picture at the top-left corner of each of the six party boxes.

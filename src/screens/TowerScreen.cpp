@@ -56,10 +56,7 @@ int Checked(int tower) { return tower >= 0 && tower < kTowerCount ? tower : 0; }
 
 TowerScreen::TowerScreen(std::uint32_t id, const char* name, int tower)
     : GameMode(id, name), widgets(PackColour(180, 180, 230), PackColour(100, 255, 100)), towerIndex(Checked(tower)) {
-  for (int k = 0; k < kPartySize; ++k) {
-    const Rect box = PartyBoxRect(k);
-    widgets.Add(new MonsterBox(k + 1, "MonsterBox", "dat\\mapModeOutline.bmp", box.left, box.top, box.right, box.bottom));
-  }
+  AddPartyBoxes(widgets, 1);
   widgets.Add(new Button(0, "Battle!", 17, 220, 350, 420, 370, 2));
   background.LoadPicture("dat\\tower-back.bmp");
   frame.LoadPicture("dat\\outline2.bmp");

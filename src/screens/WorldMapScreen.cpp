@@ -35,10 +35,7 @@ bool Near(const LocationInfo& place, int x, int y) {
 
 WorldMapScreen::WorldMapScreen(std::uint32_t id, const char* name)
     : GameMode(id, name), widgets(PackColour(180, 180, 230), PackColour(100, 255, 100)) {
-  for (int k = 0; k < kPartySize; ++k) {
-    const Rect box = PartyBoxRect(k);
-    widgets.Add(new MonsterBox(k + 1, "MonsterBox", "dat\\mapModeOutline.bmp", box.left, box.top, box.right, box.bottom));
-  }
+  AddPartyBoxes(widgets, 1);
   widgets.Add(new Button(0, "Options", 64, 540, 345, 640, 370, 2));
   background.LoadPicture("dat\\island1.bmp");
   frame.LoadPicture("dat\\outline2.bmp");
