@@ -41,11 +41,6 @@ run_sox() {
   if [ -n "${log}" ]; then echo "${log}" >&2; fi
 }
 
-# One field of "sox FILE -n stats": the whole-file column (the first number).
-stat_of() {
-  sox "$1" -n stats 2>&1 | awk -v name="$2" 'index($0, name) == 1 { print $(NF - (NF > 5 ? 2 : 0)); exit }'
-}
-
 samples_of() { sox --i -s "$1"; }
 
 seconds_to_samples() {
@@ -192,8 +187,11 @@ fi
 
 # ---- Level, then the file the game reads.
 
-peak=$(stat_of made.wav "Pk lev dB")
-rms=$(stat_of made.wav "RMS lev dB")
+read -r peak rms < <(sox made.wav -n stats 2>&1 | awk '
+  function whole() { return $(NF - (NF > 5 ? 2 : 0)) }
+  index($0, "Pk lev dB") == 1 { p = whole() }
+  index($0, "RMS lev dB") == 1 { r = whole() }
+  END { print p, r }')
 [[ ${peak} =~ ^-?[0-9.]+$ ]] || fail "silent (peak ${peak})"
 case "${kind}" in
   effect) gain=$(awk -v p="${peak}" -v t="${peak_target}" 'BEGIN { printf "%.2f", t - p }') ;;

@@ -27,9 +27,30 @@ fault() {
   faults=$((faults + 1))
 }
 
-# Little-endian unsigned integer of SIZE bytes at OFFSET.
-le() { od -An -t u"$3" -j "$2" -N "$3" --endian=little "$1" | tr -d ' '; }
-text_at() { dd if="$1" bs=1 skip="$2" count=4 status=none | tr -d "\\000"; }
+# The first 44 bytes of the file being checked, as numbers.
+header=()
+read_header() { read -ra header <<<"$(od -An -v -t u1 -N 44 "$1" | tr '\n' ' ')"; }
+# Little-endian unsigned integer of SIZE bytes at OFFSET of the header.
+le() {
+  local value=0 i
+  for ((i = $2 + $3 - 1; i >= $2; i--)); do value=$((value * 256 + header[i])); done
+  echo "${value}"
+}
+# The four bytes at OFFSET of the header as text (non-letters as ".").
+text_at() {
+  local text="" i byte octal char
+  for ((i = $2; i < $2 + 4; i++)); do
+    byte=${header[i]}
+    if [ "${byte}" -ge 32 ] && [ "${byte}" -lt 127 ]; then
+      printf -v octal '%03o' "${byte}"
+      printf -v char "\\${octal}"
+      text+=${char}
+    else
+      text+="."
+    fi
+  done
+  echo "${text}"
+}
 
 # One field of "sox FILE -n stats" (the whole-file column).
 stat_of() {
@@ -38,24 +59,32 @@ stat_of() {
 
 
 check_loop() {
-  local file=$1 channels=$2 seconds=$3
-  # The join: the step from the last frame to the first against the steps inside.
-  local verdict
-  verdict=$(sox "${file}" -t raw -e signed-integer -b 16 -L - |
-    od -An -v -t d2 --endian=little -w$((channels * 2)) |
-    awk -v c="${channels}" '
-      NR == 1 { for (i = 1; i <= c; i++) first[i] = $i }
-      NR > 1 { for (i = 1; i <= c; i++) { d = $i - last[i]; sum += d * d; if (d < 0) d = -d; if (d > big) big = d }; n += c }
+  local file=$1 channels=$2 seconds=$3 frames=$4
+  # The join: the last half second followed by the first, and in it the step from the last
+  # frame to the first against the other steps around it.
+  local near=$((rate / 2)) verdict
+  [ "${near}" -le "${frames}" ] || near=${frames}
+  verdict=$({
+    sox "${file}" -t raw -e signed-integer -b 16 -L - trim "$((frames - near))s"
+    sox "${file}" -t raw -e signed-integer -b 16 -L - trim 0 "${near}s"
+  } | od -An -v -t d2 --endian=little -w$((channels * 2)) |
+    awk -v c="${channels}" -v at="$((near + 1))" '
+      NR > 1 {
+        for (i = 1; i <= c; i++) {
+          d = $i - last[i]; if (d < 0) d = -d
+          if (NR == at) { if (d > join) join = d } else { sum += d * d; n++; if (d > big) big = d }
+        }
+      }
       { for (i = 1; i <= c; i++) last[i] = $i }
       END {
-        step = sqrt(sum / n); join = 0
-        for (i = 1; i <= c; i++) { d = first[i] - last[i]; if (d < 0) d = -d; if (d > join) join = d }
+        step = n > 0 ? sqrt(sum / n) : 0
         # A click is a step far above the usual ones.
         limit = 4 * step + 30
         printf "%s %d %.1f %d\n", (join <= limit ? "ok" : "click"), join, step, big }')
+  local state join step big
   read -r state join step big <<<"${verdict}"
   if [ "${state}" != ok ]; then
-    fault "the loop clicks: a step of ${join} at the join, ${step} on average inside (largest ${big})"
+    fault "the loop clicks: a step of ${join} at the join, ${step} on average around it (largest ${big})"
   fi
   # The level just before the join against just after it (the last and first 0.1 s).
   local window=0.1 before after
@@ -88,6 +117,7 @@ for manifest in "$@"; do
   
     size=$(stat -c %s "${file}")
     if [ "${size}" -lt 46 ]; then fault "only ${size} bytes"; continue; fi
+    read_header "${file}"
     header_ok=1
     [ "$(text_at "${file}" 0)" = RIFF ] || { fault "no RIFF"; header_ok=0; }
     [ "$(text_at "${file}" 8)" = WAVE ] || { fault "no WAVE"; header_ok=0; }
@@ -129,7 +159,7 @@ for manifest in "$@"; do
       *) fault "unknown kind '${kind}'" ;;
     esac
     case "${kind}" in
-      ambience | tune) check_loop "${file}" "${channels}" "${seconds}" ;;
+      ambience | tune) check_loop "${file}" "${channels}" "${seconds}" "$((data / (channels * 2)))" ;;
     esac
     [ ${faults} -gt ${faults_before} ] ||
       echo "ok ${output}: ${seconds} s, ${channels} ch, peak ${peak} dBFS, RMS ${rms} dBFS"
