@@ -8,6 +8,7 @@
 
 #include "combat/CombatMode.h"
 #include "creatures/PlayerRecord.h"
+#include "screens/CreatureInfoScreen.h"
 #include "shell/Globals.h"
 #include "shell/Random.h"
 #include "support/HeadlessGame.h"
@@ -144,6 +145,13 @@ TEST_F(CombatTest, ChangingCreatures) {
   EXPECT_EQ(combat->message, "Gradon enters the battle!");
   EXPECT_STREQ(combat->widgets.FindById(kFirstSpellButton)->Caption(), "Mega Zap");
   EXPECT_EQ(combat->phase, kPhaseWaiting) << "the player still chooses a spell";
+
+  // Outside a change, a box shows its creature, without SWAP; back in the battle after EXIT.
+  Click(50, 420);
+  ASSERT_STREQ(currentScreen->GetName(), "INSPECT_MODE");
+  EXPECT_EQ(static_cast<CreatureInfoScreen*>(currentScreen)->widgets.FindById(CreatureInfoScreen::kSwap), nullptr);
+  Click(590, 355);
+  ASSERT_EQ(currentScreen, combat);
 
   // Gradon has no hit points: its first exchange faints it and Mookie comes back.
   combat->opponent->status[Speed] = 50;  // the Bluberd acts first

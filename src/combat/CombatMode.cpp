@@ -7,13 +7,13 @@
 #include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
 #include "platform/Window.h"
+#include "screens/CreatureInfoScreen.h"
 #include "screens/Frame.h"
 #include "shell/Globals.h"
 #include "shell/TextFormat.h"
 
 int textDelay = 42;
 int combatResult = 1;
-GameMode* (*CombatMode::makeInspectScreen)(int slot) = nullptr;
 
 namespace {
 
@@ -148,8 +148,9 @@ void CombatMode::ChoosePartyBox(int slot) {
     activeSlot = slot;
     message = Format("%s enters the battle!", creature->name);
     BuildSpellButtons();
-  } else if (!choosingReplacement && creature && makeInspectScreen) {
-    pendingScreen = makeInspectScreen(slot);
+  } else if (!choosingReplacement && creature) {
+    // A look at the creature, without SWAP: the party's order stays during a battle.
+    pendingScreen = new CreatureInfoScreen(1, "INSPECT_MODE", slot, 0);
     state = kStatePush;
   }
   choosingReplacement = 0;

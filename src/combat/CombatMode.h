@@ -68,10 +68,6 @@ class CombatMode : public GameMode {
   LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) override;
 
   Kindrel* Active() const;
-
-  // Makes the creature information screen for a party slot, when a box is clicked outside
-  // a change of creature; set by the screens that provide it.
-  static GameMode* (*makeInspectScreen)(int slot);
   bool PlayerActing() const { return actor == 1; }
 
   OpponentList opponentList;
