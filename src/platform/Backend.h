@@ -3,6 +3,7 @@
 // input comes from, what time it is, and how a message box is shown. Everything else of
 // the platform layer (messages, surfaces, bitmaps, text) is shared by both backends.
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/Messages.h"
@@ -11,6 +12,7 @@ namespace platform {
 
 class AudioDevice;
 class Surface;
+enum class FileDialogKind;  // FileDialog.h
 
 // Why a window could not be opened, by the step of the display set-up that failed.
 enum class OpenResult {
@@ -45,6 +47,12 @@ class Backend {
   virtual std::string LastError() { return {}; }
   // The sound device, owned by the backend; null when there is none.
   virtual AudioDevice* Audio() { return nullptr; }
+  // A backend for runs without a person at the keyboard may answer file dialogs from a
+  // script: true with the answer in *answer (a path, or nothing for cancel), and then no
+  // dialog is shown. Asked at the start of every file dialog.
+  virtual bool ScriptedFileDialog(FileDialogKind, const std::string& /*title*/, std::optional<std::string>* /*answer*/) {
+    return false;
+  }
 };
 
 }  // namespace platform

@@ -48,6 +48,16 @@ void HeadlessBackend::ShowMessageBox(const std::string& text, const std::string&
   boxes.push_back({text, caption});
 }
 
+bool HeadlessBackend::ScriptedFileDialog(FileDialogKind kind, const std::string& title,
+                                         std::optional<std::string>* answer) {
+  const bool scripted = !dialogAnswers.empty();
+  dialogCalls.push_back({kind, title, scripted});
+  if (!scripted) return false;
+  *answer = std::move(dialogAnswers.front());
+  dialogAnswers.pop_front();
+  return true;
+}
+
 void HeadlessBackend::Queue(std::uint32_t message, WParam wParam, LParam lParam, std::uint32_t delayMs) {
   std::uint32_t due = now + delayMs;
   // Input keeps its order: nothing is due before what was queued earlier.

@@ -4,10 +4,12 @@
 // instead of shown.
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Backend.h"
+#include "platform/FileDialog.h"
 #include "platform/HeadlessAudio.h"
 #include "platform/Surface.h"
 
@@ -18,6 +20,12 @@ class HeadlessBackend : public Backend {
   struct CapturedBox {
     std::string text;
     std::string caption;
+  };
+  // A file dialog that the game asked for.
+  struct DialogCall {
+    FileDialogKind kind;
+    std::string title;
+    bool scripted;  // answered from the script, without showing the dialog
   };
 
   explicit HeadlessBackend(std::uint32_t startTime = 100000);
@@ -31,6 +39,7 @@ class HeadlessBackend : public Backend {
   void ShowMessageBox(const std::string& text, const std::string& caption) override;
   void ShowSystemCursor(bool visible) override { systemCursorVisible = visible; }
   AudioDevice* Audio() override { return audioPresent ? &audio : nullptr; }
+  bool ScriptedFileDialog(FileDialogKind kind, const std::string& title, std::optional<std::string>* answer) override;
 
   // The clock moves only when told to, or when the game waits for input.
   void Advance(std::uint32_t ms) { now += ms; }
@@ -44,6 +53,12 @@ class HeadlessBackend : public Backend {
   void LeftClick(int x, int y, std::uint32_t delayMs = 0);             // move, down, up
   void RightClick(int x, int y, std::uint32_t delayMs = 0);
   bool InputPending() const { return !pending.empty(); }
+
+  // The next file dialog answers this at once, without being shown: a path, or nothing
+  // for cancel. Answers are used in order; without one the real dialog runs, driven by
+  // the injected input.
+  void ScriptDialog(std::optional<std::string> answer) { dialogAnswers.push_back(std::move(answer)); }
+  const std::vector<DialogCall>& DialogCalls() const { return dialogCalls; }
 
   // Fault injection: the window fails to open with the given result.
   void FailOpen(OpenResult result) { openFailure = result; }
@@ -73,6 +88,8 @@ class HeadlessBackend : public Backend {
   std::uint32_t now;
   std::deque<Pending> pending;
   std::vector<CapturedBox> boxes;
+  std::deque<std::optional<std::string>> dialogAnswers;
+  std::vector<DialogCall> dialogCalls;
   std::vector<std::uint16_t> lastFrame;
   int frameWidth = 0;
   int frameHeight = 0;

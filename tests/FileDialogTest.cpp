@@ -1,0 +1,524 @@
+// The load and save dialogs: the saves folder made on demand; the saved games listed newest
+// first; choosing with the keyboard and the mouse, typing a name, cancelling; a scripted
+// answer on the headless backend; modality; and the panel drawn over the dimmed frame.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/FileDialog.h"
+#include "platform/FileDialogView.h"
+#include "platform/HeadlessBackend.h"
+#include "platform/SavesFolder.h"
+#include "platform/Surface.h"
+#include "platform/Window.h"
+
+using namespace platform;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::vector<Message> received;
+
+LResult Recorder(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
+  received.push_back({window, message, wParam, lParam});
+  return DefWindowProc(window, message, wParam, lParam);
+}
+
+bool IsInputMessage(std::uint32_t message) {
+  return message == WM_KEYDOWN || message == WM_KEYUP || message == WM_CHAR ||
+         (message >= WM_MOUSEMOVE && message <= WM_RBUTTONUP);
+}
+
+// An environment variable set for one test and put back after it.
+class ScopedEnv {
+ public:
+  ScopedEnv(const char* name, const std::optional<std::string>& value) : key(name) {
+    if (const char* old = std::getenv(name)) before = old;
+    if (value) setenv(name, value->c_str(), 1);
+    else unsetenv(name);
+  }
+  ~ScopedEnv() {
+    if (before) setenv(key.c_str(), before->c_str(), 1);
+    else unsetenv(key.c_str());
+  }
+
+ private:
+  std::string key;
+  std::optional<std::string> before;
+};
+
+constexpr std::time_t kNoon = 1773489600;  // a fixed day, so that the order never depends on the clock
+
+Rect Middle(const Rect& r) { return {(r.left + r.right) / 2, (r.top + r.bottom) / 2, 0, 0}; }
+
+class FileDialogTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    root = fs::temp_directory_path() / ("quarnwick-dialogs-" + std::to_string(::getpid()));
+    fs::remove_all(root);
+    fs::create_directories(root);
+    dataHome.emplace("XDG_DATA_HOME", (root / "data").string());
+    saves = (root / "data" / "quarnwick" / "saves").string();
+    received.clear();
+    InstallBackend(&backend);
+    SetWindowProcedure(Recorder);
+    ASSERT_NE(CreateMainWindow("Quarnwick", 640, 480, true), 0u);
+    gameFrame.Fill(gameFrame.Bounds(), kGameColour);
+    SetWindowSurface(&gameFrame);
+    SetFileDialogBackdrop(&gameFrame);
+    RefreshWindow();
+    WatchFileDialogs([this](const FileDialogState& state) {
+      seen.push_back(state);
+      lastDialogFrame = backend.LastFrame();
+    });
+  }
+  void TearDown() override {
+    WatchFileDialogs({});
+    SetFileDialogBackdrop(nullptr);
+    SetWindowSurface(nullptr);
+    InstallBackend(nullptr);
+    dataHome.reset();
+    std::error_code ignored;
+    fs::permissions(root, fs::perms::owner_all, fs::perm_options::add, ignored);
+    fs::remove_all(root, ignored);
+  }
+
+  // A saved game in the saves folder, last written `age` seconds before the fixed noon.
+  std::string MakeSave(const std::string& name, std::time_t age) {
+    fs::create_directories(saves);
+    const fs::path path = fs::path(saves) / name;
+    std::ofstream(path) << "12 34\n";
+    const auto when = std::chrono::system_clock::from_time_t(kNoon - age);
+    fs::last_write_time(path, fs::file_time_type::clock::from_sys(when));
+    return path.string();
+  }
+
+  std::vector<std::string> ListedNames() const {
+    std::vector<std::string> names;
+    if (seen.empty()) return names;
+    for (const SavedGameFile& file : seen.back().files) names.push_back(file.fileName);
+    return names;
+  }
+
+  std::uint16_t DialogPixel(int x, int y) const { return lastDialogFrame[static_cast<std::size_t>(y) * 640 + x]; }
+
+  static constexpr std::uint16_t kGameColour = Rgb565(200, 120, 40);
+  const FileDialogLayout& layout = kFileDialogLayout;
+  fs::path root;
+  std::string saves;
+  std::optional<ScopedEnv> dataHome;
+  HeadlessBackend backend;
+  Surface gameFrame{640, 480};
+  std::vector<FileDialogState> seen;
+  std::vector<std::uint16_t> lastDialogFrame;
+};
+
+TEST_F(FileDialogTest, SavesFolderIsMadeOnDemandWhereTheDesktopKeepsData) {
+  const std::string fromDataHome = SavesFolder();
+  EXPECT_EQ(fromDataHome, (root / "data" / "quarnwick" / "saves").string());
+  EXPECT_TRUE(fs::is_directory(fromDataHome)) << "made with its parents";
+  EXPECT_EQ(SavesFolder(), fromDataHome) << "asking again finds it";
+
+  // Without a data home (or with a relative one, which does not count) it lies in the home folder.
+  const ScopedEnv home("HOME", (root / "home").string());
+  for (const std::optional<std::string>& value : {std::optional<std::string>{}, std::optional<std::string>{"relative/data"}}) {
+    const ScopedEnv noDataHome("XDG_DATA_HOME", value);
+    const std::string fromHome = SavesFolder();
+    EXPECT_EQ(fromHome, (root / "home" / ".local" / "share" / "quarnwick" / "saves").string());
+    EXPECT_TRUE(fs::is_directory(fromHome));
+  }
+  EXPECT_FALSE(fs::exists("relative")) << "a relative data home is never made";
+
+  // A place where no folder can be made gives none.
+  std::ofstream(root / "plain-file") << "x";
+  const ScopedEnv blocked("XDG_DATA_HOME", (root / "plain-file").string());
+  EXPECT_EQ(SavesFolder(), "");
+}
+
+TEST_F(FileDialogTest, ListsTheReadableSavedGamesNewestFirst) {
+  MakeSave("old.gam", 3 * 86400);
+  MakeSave("newest.gam", 3600);
+  MakeSave("MIDDLE.GAM", 86400);
+  MakeSave("alpha.gam", 86400);  // as old as MIDDLE.GAM: by name, capitals first
+  MakeSave("notes.txt", 60);
+  MakeSave("gam", 60);
+  fs::create_directories(fs::path(saves) / "folder.gam");
+  const std::string locked = MakeSave("locked.gam", 60);
+  ::chmod(locked.c_str(), 0);
+  const bool lockedIsUnreadable = ::access(locked.c_str(), R_OK) != 0;  // not so for the superuser
+
+  backend.KeyPress(VK_ESCAPE);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  ASSERT_FALSE(seen.empty()) << "the dialog showed itself";
+  EXPECT_EQ(seen.back().title, "Load Game");
+  EXPECT_EQ(seen.back().folder, saves);
+  std::vector<std::string> expected{"newest.gam", "MIDDLE.GAM", "alpha.gam", "old.gam"};
+  if (!lockedIsUnreadable) expected.insert(expected.begin(), "locked.gam");
+  EXPECT_EQ(ListedNames(), expected);
+  EXPECT_EQ(seen.back().selected, -1) << "nothing is chosen before the player chooses";
+  EXPECT_EQ(seen.back().name, "");
+}
+
+TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnter) {
+  MakeSave("first.gam", 10);
+  MakeSave("second.gam", 20);
+  MakeSave("third.gam", 30);
+
+  backend.KeyPress(VK_DOWN);
+  backend.KeyPress(VK_DOWN);
+  backend.KeyPress(VK_DOWN);
+  backend.KeyPress(VK_UP);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/second.gam");
+  EXPECT_EQ(seen.back().name, "second.gam") << "moving in the list fills the name field";
+
+  // The rest of the closing key does not reach the game afterwards.
+  received.clear();
+  Message m;
+  while (PeekMessage(&m) && GetMessage(&m)) DispatchMessage(m);
+  for (const Message& r : received) EXPECT_FALSE(r.message == WM_CHAR && r.wParam == VK_RETURN);
+
+  // Home and End reach the ends of the list, and the list keeps to its ends.
+  seen.clear();
+  backend.KeyPress(VK_END);
+  backend.KeyPress(VK_DOWN);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/third.gam");
+  backend.KeyPress(VK_HOME);
+  backend.KeyPress(VK_UP);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/first.gam");
+}
+
+TEST_F(FileDialogTest, TypedNamesArePathsInTheSavesFolderOrAsGiven) {
+  backend.TypeText("quest1x");
+  backend.KeyPress(VK_BACK);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/quest1") << "the caller adds the extension";
+
+  backend.TypeText("/somewhere/else/game.txt");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "/somewhere/else/game.txt");
+  backend.TypeText("relative/game");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "relative/game");
+
+  // Typing is in the game's code page; the path is the file system's.
+  backend.TypeText("caf\xE9");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/caf\xC3\xA9");
+
+  // Control characters are no text; Backspace on an empty field does nothing.
+  seen.clear();
+  backend.KeyPress(VK_BACK);
+  backend.TypeText("a\tb\x7F");
+  backend.KeyPress(VK_ESCAPE);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
+  EXPECT_EQ(seen.back().name, "ab");
+
+  // The field holds as much as the game's name buffer.
+  backend.TypeText(std::string(200, 'z'));
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"),
+            saves + "/" + std::string(FileDialogState::kNameCapacity, 'z'));
+}
+
+TEST_F(FileDialogTest, TypingOverAChosenFileReturnsTheTypedName) {
+  MakeSave("dragon.gam", 10);
+  backend.KeyPress(VK_DOWN);
+  backend.KeyPress(VK_BACK);
+  backend.KeyPress(VK_BACK);
+  backend.KeyPress(VK_BACK);
+  backend.KeyPress(VK_BACK);
+  backend.TypeText("s");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/dragons");
+  EXPECT_EQ(seen.back().selected, -1) << "the file is no longer chosen once its name is changed";
+}
+
+TEST_F(FileDialogTest, EscapeAndCancelLeaveWithNothing) {
+  MakeSave("kept.gam", 10);
+  backend.KeyPress(VK_DOWN);
+  backend.TypeText("more");
+  backend.KeyPress(VK_ESCAPE);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
+
+  backend.KeyPress(VK_DOWN);
+  backend.LeftClick(Middle(layout.cancel).left, Middle(layout.cancel).top);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  EXPECT_TRUE(fs::exists(saves + "/kept.gam"));
+}
+
+TEST_F(FileDialogTest, MouseChoosesAFileThenOkOrWithADoubleClick) {
+  MakeSave("one.gam", 10);
+  MakeSave("two.gam", 20);
+  MakeSave("three.gam", 30);
+  const Rect second = Middle(layout.Row(1));
+  const Rect ok = Middle(layout.ok);
+
+  backend.LeftClick(second.left, second.top);
+  backend.LeftClick(ok.left, ok.top);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/two.gam");
+
+  const Rect third = Middle(layout.Row(2));
+  backend.LeftClick(third.left, third.top);
+  backend.LeftClick(third.left, third.top, 100);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/three.gam");
+
+  // Two clicks far apart in time are two single clicks; a press that leaves OK before the
+  // release does not press it.
+  seen.clear();
+  backend.LeftClick(third.left, third.top);
+  backend.LeftClick(third.left, third.top, 2000);
+  backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(ok.left, ok.top));
+  backend.MouseMove(20, 20);
+  backend.Queue(WM_LBUTTONUP, 0, PackPoint(20, 20));
+  backend.KeyPress(VK_ESCAPE);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  EXPECT_EQ(seen.back().selected, 2);
+
+  // A click below the last file chooses nothing.
+  seen.clear();
+  const Rect empty = Middle(layout.Row(5));
+  backend.LeftClick(empty.left, empty.top);
+  backend.KeyPress(VK_ESCAPE);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  EXPECT_EQ(seen.back().selected, -1);
+}
+
+TEST_F(FileDialogTest, OkWithoutAGameToOpenStaysUp) {
+  MakeSave("castle.gam", 10);
+  const Rect ok = Middle(layout.ok);
+
+  // An empty name does nothing: the dialog is still there to take the name typed after.
+  backend.KeyPress(VK_RETURN);
+  backend.LeftClick(ok.left, ok.top);
+  backend.TypeText("later");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/later");
+
+  // A name that is no file says so and stays.
+  seen.clear();
+  backend.TypeText("nothere");
+  backend.KeyPress(VK_RETURN);
+  backend.KeyPress(VK_ESCAPE);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  ASSERT_FALSE(seen.empty());
+  EXPECT_TRUE(seen.back().noSuchGame);
+
+  // The saved game may be named without its extension.
+  backend.TypeText("castle");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/castle.gam");
+  const std::string elsewhere = (root / "elsewhere.gam").string();
+  std::ofstream(elsewhere) << "1 2\n";
+  backend.TypeText(elsewhere);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), elsewhere);
+}
+
+TEST_F(FileDialogTest, ScriptedAnswersComeAtOnceAndEveryCallIsRecorded) {
+  backend.ScriptDialog(std::string("/games/first.gam"));
+  backend.ScriptDialog(std::nullopt);
+  const int framesBefore = backend.FramesShown();
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), "/games/first.gam");
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
+  EXPECT_EQ(backend.FramesShown(), framesBefore) << "a scripted dialog is not drawn";
+  EXPECT_TRUE(seen.empty());
+
+  // With the script used up, the real dialog runs.
+  backend.TypeText("typed");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save As"), saves + "/typed");
+  EXPECT_FALSE(seen.empty());
+
+  const auto& calls = backend.DialogCalls();
+  ASSERT_EQ(calls.size(), 3u);
+  EXPECT_EQ(calls[0].kind, FileDialogKind::Open);
+  EXPECT_EQ(calls[0].title, "Load Game");
+  EXPECT_TRUE(calls[0].scripted);
+  EXPECT_EQ(calls[1].kind, FileDialogKind::Save);
+  EXPECT_EQ(calls[1].title, "Save Game");
+  EXPECT_TRUE(calls[1].scripted);
+  EXPECT_EQ(calls[2].title, "Save As");
+  EXPECT_FALSE(calls[2].scripted);
+}
+
+TEST_F(FileDialogTest, ManyFilesScrollWithKeysArrowsAndTheBar) {
+  for (int i = 0; i < 20; ++i) MakeSave("game" + std::to_string(100 + i) + ".gam", i * 60);  // game100 newest
+  const int rows = FileDialogLayout::kVisibleRows;
+
+  backend.KeyPress(VK_END);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/game119.gam");
+  EXPECT_EQ(seen.back().firstRow, 20 - rows) << "the chosen file is in sight";
+
+  seen.clear();
+  backend.KeyPress(VK_NEXT);  // from nothing: the bottom of the first page
+  backend.KeyPress(VK_NEXT);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/game" + std::to_string(100 + 2 * (rows - 1)) + ".gam");
+
+  // The arrows move the list a row, the track a page; the choice stays.
+  seen.clear();
+  const Rect down = Middle(layout.scrollDown);
+  backend.LeftClick(down.left, down.top);
+  backend.LeftClick(down.left, down.top, 600);
+  backend.KeyPress(VK_ESCAPE);
+  RunFileDialog(FileDialogKind::Open, "Load Game");
+  EXPECT_EQ(seen.back().firstRow, 2);
+  EXPECT_EQ(seen.back().selected, -1);
+
+  seen.clear();
+  const Rect trackBottom{layout.scrollDown.left + 5, layout.track.bottom - 3, 0, 0};
+  backend.LeftClick(trackBottom.left, trackBottom.top);
+  backend.LeftClick(Middle(layout.scrollUp).left, Middle(layout.scrollUp).top, 600);
+  // A click on the first row now chooses the file shown there.
+  backend.LeftClick(Middle(layout.Row(0)).left, Middle(layout.Row(0)).top, 600);
+  backend.LeftClick(Middle(layout.ok).left, Middle(layout.ok).top);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/game" + std::to_string(100 + rows - 2) + ".gam");
+
+  // Dragging the thumb to the bottom shows the end of the list.
+  seen.clear();
+  const Rect thumb = layout.Thumb(20, 0);
+  const int grabX = (thumb.left + thumb.right) / 2, grabY = thumb.top + 3;
+  backend.MouseMove(grabX, grabY);
+  backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(grabX, grabY));
+  backend.MouseMove(grabX, layout.track.bottom + 40);
+  backend.Queue(WM_LBUTTONUP, 0, PackPoint(grabX, layout.track.bottom + 40));
+  backend.KeyPress(VK_ESCAPE);
+  RunFileDialog(FileDialogKind::Open, "Load Game");
+  EXPECT_EQ(seen.back().firstRow, 20 - rows);
+}
+
+TEST_F(FileDialogTest, NamesAreShownInTheGameCodePageAndReturnedAsOnDisk) {
+  MakeSave("Drachenh\xC3\xB6hle.gam", 10);
+  const std::string longName = std::string(120, 'w') + ".gam";
+  MakeSave(longName, 20);
+
+  backend.KeyPress(VK_DOWN);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/Drachenh\xC3\xB6hle.gam");
+  EXPECT_EQ(seen.back().name, "Drachenh\xF6hle.gam");
+
+  backend.KeyPress(VK_END);
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/" + longName);
+  // A name too long for its row is cut short of the date: between the two the row has a gap
+  // with no text, where the whole name would run on into the date.
+  const Rect row = layout.Row(1);
+  int widestGap = 0, gap = 0;
+  for (int x = row.left + 100; x < row.right - 40; ++x) {
+    bool text = false;
+    for (int y = row.top + 2; y < row.bottom - 2; ++y) text |= Green8(DialogPixel(x, y)) > 150;
+    gap = text ? 0 : gap + 1;
+    widestGap = std::max(widestGap, gap);
+  }
+  EXPECT_GE(widestGap, 8);
+}
+
+TEST_F(FileDialogTest, WithoutASavesFolderTypedPathsStillWork) {
+  std::ofstream(root / "plain-file") << "x";
+  const ScopedEnv blocked("XDG_DATA_HOME", (root / "plain-file").string());
+  ASSERT_EQ(SavesFolder(), "");
+
+  backend.TypeText("/elsewhere/my-game");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "/elsewhere/my-game");
+  EXPECT_TRUE(seen.back().files.empty());
+  EXPECT_EQ(seen.back().folder, "");
+
+  backend.TypeText("bare");
+  backend.KeyPress(VK_RETURN);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "bare") << "in the current folder";
+}
+
+TEST_F(FileDialogTest, ModalTheWindowGetsItsTimersAndPaintsButNoInput) {
+  SetTimer(kMainWindow, 1, 10);
+  InvalidateRect(kMainWindow);
+  received.clear();
+  // What is left of the press that opened the dialog goes with it.
+  backend.Queue(WM_CHAR, ' ', 1);
+  backend.Queue(WM_LBUTTONUP, 0, PackPoint(300, 300));
+  backend.TypeText("slow", 200);  // delays count from now
+  backend.KeyPress(VK_DOWN, 400);
+  backend.LeftClick(5, 5, 600);
+  backend.KeyPress(VK_RETURN, 800);
+  const std::uint32_t start = GetTickCount();
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/slow");
+  EXPECT_GE(GetTickCount() - start, 800u) << "the dialog waited for the input to come";
+
+  int timers = 0, paints = 0;
+  for (const Message& m : received) {
+    EXPECT_FALSE(IsInputMessage(m.message)) << "input went to the window: " << m.message;
+    timers += m.message == WM_TIMER;
+    paints += m.message == WM_PAINT;
+  }
+  EXPECT_GE(timers, 30) << "timer messages keep coming while the dialog is up";
+  EXPECT_EQ(paints, 1);
+  // The cursor blinked meanwhile.
+  bool on = false, off = false;
+  for (const FileDialogState& state : seen) (state.cursorShown ? on : off) = true;
+  EXPECT_TRUE(on && off);
+}
+
+TEST_F(FileDialogTest, ClosingTheWindowEndsTheDialog) {
+  backend.TypeText("unsaved");
+  backend.Queue(WM_CLOSE, 0, 0);
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
+  EXPECT_FALSE(WindowExists());
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt) << "no window, no dialog";
+}
+
+TEST_F(FileDialogTest, ThePanelStandsOverTheDimmedFrameWhichComesBackAfter) {
+  MakeSave("pixels.gam", 10);
+  backend.KeyPress(VK_DOWN);
+  backend.KeyPress(VK_ESCAPE, 100);  // the queue runs dry in between: the choice is drawn
+  RunFileDialog(FileDialogKind::Open, "Load Game");
+  ASSERT_EQ(lastDialogFrame.size(), 640u * 480u);
+
+  // Around the panel: the game's frame, darker but still its own colour.
+  for (const auto& [x, y] : {std::pair{4, 4}, {635, 475}, {40, 240}, {600, 30}}) {
+    const std::uint16_t p = DialogPixel(x, y);
+    EXPECT_LT(Red8(p), 200 * 3 / 4) << x << "," << y;
+    EXPECT_GT(Red8(p), 200 / 5);
+    EXPECT_GT(Red8(p), Green8(p));
+    EXPECT_GT(Green8(p), Blue8(p) / 2);
+  }
+  // The gold band, and the night-navy board inside it.
+  const int midY = (layout.panel.top + layout.panel.bottom) / 2;
+  const std::uint16_t band = DialogPixel(layout.panel.left + 4, midY);
+  EXPECT_GT(Red8(band), 180);
+  EXPECT_GT(Green8(band), 150);
+  EXPECT_LT(Blue8(band), 130);
+  const std::uint16_t board = DialogPixel(layout.panel.left + 14, midY);
+  EXPECT_LT(Red8(board), 60);
+  EXPECT_GT(Blue8(board), Red8(board) + 15);
+  EXPECT_GT(Blue8(board), 40);
+  // The chosen row is lit green somewhere along its name.
+  const Rect row = layout.Row(0);
+  int green = 0;
+  for (int y = row.top; y < row.bottom; ++y) {
+    for (int x = row.left; x < row.left + 120; ++x) {
+      const std::uint16_t p = DialogPixel(x, y);
+      green += Green8(p) > 200 && Red8(p) < 160;
+    }
+  }
+  EXPECT_GT(green, 10);
+
+  // Once closed, the game's own frame is on the screen again.
+  const auto& shown = backend.LastFrame();
+  ASSERT_EQ(shown.size(), 640u * 480u);
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), kGameColour), 640 * 480);
+}
+
+}  // namespace
