@@ -148,6 +148,7 @@ std::string Fit(Font& font, const std::string& text, int width) {
   if (font.Measure(text) <= width) return text;
   std::string cut = text;
   while (!cut.empty() && font.Measure(cut + "...") > width) cut.pop_back();
+  while (!cut.empty() && cut.back() == ' ') cut.pop_back();
   return cut + "...";
 }
 
