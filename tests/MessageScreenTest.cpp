@@ -71,7 +71,7 @@ TEST_F(MessageScreenTest, WithATextOnlyTheButtonContinues) {
 
 TEST_F(MessageScreenTest, AnEmptyTextIsTheBarePictureAndAnyClickContinues) {
   Open("");
-  EXPECT_EQ(Lit({0, 0, 640, 480}), 0) << "no text, no button, and here no picture either";
+  EXPECT_EQ(Lit({100, 60, 640, 480}), 0) << "no text, no button, and here no picture either";
   Do([&] { game->backend.RightClick(10, 10); });
   EXPECT_FALSE(Left()) << "right clicks beside the button do nothing";
   Do([&] { game->backend.LeftClick(10, 10); });
