@@ -326,12 +326,12 @@ std::optional<std::string> RunFileDialog(FileDialogKind kind, const std::string&
   const Surface* backdrop = Backdrop();
   Surface ground(kFrameWidth, kFrameHeight);
   Surface frame(kFrameWidth, kFrameHeight);
-  DimFrame(backdrop, ground);
+  DrawFileDialogGround(backdrop, title, ground);
   DropRestOfOpeningPress();
 
   auto show = [&] {
     frame.CopyFrom(0, 0, ground, ground.Bounds(), false);
-    DrawFileDialogPanel(dialog.State(), frame);
+    DrawFileDialogParts(dialog.State(), frame);
     ShowSurfaceNow(frame);
     if (Watcher()) Watcher()(dialog.State());
   };

@@ -329,6 +329,23 @@ void DrawPointer(Surface& target, const FileDialogState& state) {
   }
 }
 
+// The game's frame as it lies under the dialog: darkened, a little towards blue.
+void DimFrame(const Surface* frame, Surface& target) {
+  const bool usable = frame && !frame->IsLost() && frame->Width() == target.Width() && frame->Height() == target.Height();
+  if (!usable) {
+    target.Fill(target.Bounds(), Rgb565(8, 10, 22));
+    return;
+  }
+  for (int y = 0; y < target.Height(); ++y) {
+    for (int x = 0; x < target.Width(); ++x) {
+      const std::uint16_t p = frame->At(x, y);
+      // Two fifths of the light, and a touch of the night blue.
+      const int r = Red8(p) * 2 / 5, g = Green8(p) * 2 / 5 + 2, b = Blue8(p) * 2 / 5 + 10;
+      target.Pixels()[static_cast<std::size_t>(y) * target.Pitch() + x] = Rgb565(r, g, std::min(b, 255));
+    }
+  }
+}
+
 }  // namespace
 
 Rect FileDialogLayout::Thumb(int count, int firstRow) const {
@@ -363,27 +380,10 @@ DialogPart FileDialogPartAt(const FileDialogState& state, int x, int y, int* fil
   return DialogPart::None;
 }
 
-void DimFrame(const Surface* frame, Surface& target) {
-  const bool usable = frame && !frame->IsLost() && frame->Width() == target.Width() && frame->Height() == target.Height();
-  if (!usable) {
-    target.Fill(target.Bounds(), Rgb565(8, 10, 22));
-    return;
-  }
-  for (int y = 0; y < target.Height(); ++y) {
-    for (int x = 0; x < target.Width(); ++x) {
-      const std::uint16_t p = frame->At(x, y);
-      // Two fifths of the light, and a touch of the night blue.
-      const int r = Red8(p) * 2 / 5, g = Green8(p) * 2 / 5, b = Blue8(p) * 2 / 5 + 10;
-      target.Pixels()[static_cast<std::size_t>(y) * target.Pitch() + x] = Rgb565(r, g + 2, std::min(b, 255));
-    }
-  }
-  target.Touch();
-}
-
-void DrawFileDialogPanel(const FileDialogState& state, Surface& target) {
+void DrawFileDialogGround(const Surface* backdrop, const std::string& title, Surface& target) {
   if (target.IsLost() || target.IsLocked() || target.Width() < 640 || target.Height() < 480) return;
   const FileDialogLayout& L = kFileDialogLayout;
-  Fonts& fonts = DialogFonts();
+  DimFrame(backdrop, target);
   // a soft shadow under the panel
   for (int d = 6; d >= 1; --d) {
     const Rect shadow{L.panel.left + 2 - d, L.panel.top + 6 - d, L.panel.right + 2 + d, L.panel.bottom + 6 + d};
@@ -395,7 +395,7 @@ void DrawFileDialogPanel(const FileDialogState& state, Surface& target) {
     }
   }
   DrawBoard(target, L.panel);
-  Write(target, fonts.title.get(), state.title, L.title, DT_CENTER, kWhite, true);
+  Write(target, DialogFonts().title.get(), title, L.title, DT_CENTER, kWhite, true);
   // a gold rule under the title, with a small diamond in its middle
   const int mid = (L.panel.left + L.panel.right) / 2;
   const int ruleY = L.title.bottom + 6;
@@ -405,9 +405,15 @@ void DrawFileDialogPanel(const FileDialogState& state, Surface& target) {
     const int half = 4 - std::abs(row);
     FillRect(target, {mid - half, ruleY + row, mid + half + 1, ruleY + row + 1}, kGold);
   }
+  target.Touch();
+}
+
+void DrawFileDialogParts(const FileDialogState& state, Surface& target) {
+  if (target.IsLost() || target.IsLocked() || target.Width() < 640 || target.Height() < 480) return;
+  const FileDialogLayout& L = kFileDialogLayout;
   DrawList(target, state);
   DrawNameField(target, state);
-  if (state.noSuchGame) Write(target, fonts.text.get(), "No such game", L.notice, DT_CENTER, kRed, true);
+  if (state.noSuchGame) Write(target, DialogFonts().text.get(), "No such game", L.notice, DT_CENTER, kRed, true);
   DrawButton(target, L.ok, "OK", state.hovered == DialogPart::Ok || state.pressed == DialogPart::Ok,
              state.pressed == DialogPart::Ok && state.hovered == DialogPart::Ok);
   DrawButton(target, L.cancel, "Cancel", state.hovered == DialogPart::Cancel || state.pressed == DialogPart::Cancel,
@@ -417,8 +423,8 @@ void DrawFileDialogPanel(const FileDialogState& state, Surface& target) {
 }
 
 void DrawFileDialog(const FileDialogState& state, const Surface* backdrop, Surface& target) {
-  DimFrame(backdrop, target);
-  DrawFileDialogPanel(state, target);
+  DrawFileDialogGround(backdrop, state.title, target);
+  DrawFileDialogParts(state, target);
 }
 
 }  // namespace platform

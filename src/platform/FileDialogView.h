@@ -2,6 +2,8 @@
 // How the file dialog looks: where its parts lie in the 640 x 480 frame, and the drawing
 // of one frame of it from its state. The dialog draws itself with these, and the
 // screenshot tour shows chosen states with them.
+#include <string>
+
 #include "platform/FileDialog.h"
 #include "platform/Surface.h"
 
@@ -37,10 +39,11 @@ inline constexpr FileDialogLayout kFileDialogLayout{};
 // The part under the point; for DialogPart::Row, *file is the index of the file there.
 DialogPart FileDialogPartAt(const FileDialogState& state, int x, int y, int* file);
 
-// The game's frame as it lies under the dialog: darkened, a little towards blue.
-void DimFrame(const Surface* frame, Surface& target);
-// The panel and the pointer over whatever target holds.
-void DrawFileDialogPanel(const FileDialogState& state, Surface& target);
+// What stays while the dialog is up: the game's frame dimmed (a dark ground without one),
+// the panel's shadow, the framed board and the title.
+void DrawFileDialogGround(const Surface* backdrop, const std::string& title, Surface& target);
+// What changes: the list, the name field, the notice, the buttons and the pointer.
+void DrawFileDialogParts(const FileDialogState& state, Surface& target);
 // One whole frame of the dialog: the frame dimmed, the panel over it.
 void DrawFileDialog(const FileDialogState& state, const Surface* backdrop, Surface& target);
 
