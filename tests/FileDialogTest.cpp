@@ -465,6 +465,9 @@ TEST_F(FileDialogTest, ModalTheWindowGetsItsTimersAndPaintsButNoInput) {
   }
   EXPECT_GE(timers, 30) << "timer messages keep coming while the dialog is up";
   EXPECT_EQ(paints, 1);
+  EXPECT_EQ(seen.front().name, "") << "the space of the opening key is not typed";
+  EXPECT_TRUE(seen.front().pointerKnown) << "the release of the opening click tells where the pointer is";
+  EXPECT_EQ(seen.front().pointerX, 300);
   // The cursor blinked meanwhile.
   bool on = false, off = false;
   for (const FileDialogState& state : seen) (state.cursorShown ? on : off) = true;

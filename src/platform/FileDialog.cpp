@@ -266,14 +266,21 @@ class FileDialog {
 
 // What is still waiting of the key or click that opened the dialog belongs to it, not to
 // the dialog: the Enter or space character of the menu key, and the release of the key
-// or of the mouse button.
-void DropRestOfOpeningPress() {
+// or of the mouse button. A release tells where the pointer is.
+void DropRestOfOpeningPress(FileDialogState& state) {
   Message m;
   while (PeekMessage(&m)) {
-    const bool rest = m.message == WM_KEYUP || m.message == WM_LBUTTONUP || m.message == WM_RBUTTONUP ||
+    const bool button = m.message == WM_LBUTTONUP || m.message == WM_RBUTTONUP;
+    const bool rest = button || m.message == WM_KEYUP ||
                       (m.message == WM_CHAR && (m.wParam == VK_RETURN || m.wParam == VK_SPACE));
     if (!rest) return;
     GetMessage(&m);
+    if (button) {
+      state.pointerKnown = true;
+      state.pointerX = PointX(m.lParam);
+      state.pointerY = PointY(m.lParam);
+      state.hovered = FileDialogPartAt(state, state.pointerX, state.pointerY, nullptr);
+    }
   }
 }
 
@@ -327,7 +334,7 @@ std::optional<std::string> RunFileDialog(FileDialogKind kind, const std::string&
   Surface ground(kFrameWidth, kFrameHeight);
   Surface frame(kFrameWidth, kFrameHeight);
   DrawFileDialogGround(backdrop, title, ground);
-  DropRestOfOpeningPress();
+  DropRestOfOpeningPress(dialog.MutableState());
 
   auto show = [&] {
     frame.CopyFrom(0, 0, ground, ground.Bounds(), false);
