@@ -6,9 +6,12 @@
 #include <cmath>
 #include <numbers>
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
 
 #include "creatures/PlayerRecord.h"
+#include "platform/AtomicFile.h"
 #include "platform/DataPath.h"
 #include "screens/MainMenuScreen.h"
 #include "screens/OptionsScreen.h"
@@ -134,6 +137,54 @@ TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
   EXPECT_EQ(gameQuitRequest, 0);
   EXPECT_EQ(TuneStarts(), 3) << "the menu, the pause menu, and the menu again after a game";
+}
+
+TEST_F(MenusTest, SavingFromThePauseMenuAndLoadingFromTheMainMenu) {
+  const std::string save = (folder / "journey").string();
+  Click(320, 295);  // a new game
+  thePlayer.party[0]->SetName("Saved Mookie");
+  Key(platform::VK_RETURN);  // the map's "Options"
+  ASSERT_STREQ(Top(), "PAUSE OPTION MODE");
+  // Cancelled: nothing written, the pause menu stays.
+  game->backend.ScriptDialog(std::nullopt);
+  Click(320, 325);
+  EXPECT_STREQ(Top(), "PAUSE OPTION MODE");
+  // A write that fails says so and stays.
+  platform::FailNextFileWrites(1, EACCES);
+  game->backend.ScriptDialog(save);
+  Click(320, 325);
+  EXPECT_STREQ(Top(), "PAUSE OPTION MODE");
+  ASSERT_FALSE(game->backend.MessageBoxes().empty());
+  EXPECT_EQ(game->backend.MessageBoxes().back().caption, "Cannot save the game");
+  // A completed save goes back to the map.
+  game->backend.ScriptDialog(save + ".txt");
+  Click(320, 325);
+  EXPECT_STREQ(Top(), "MAP_MODE");
+  ASSERT_TRUE(std::filesystem::exists(save + ".gam"));
+  ASSERT_EQ(game->backend.DialogCalls().size(), 3u);
+  EXPECT_EQ(game->backend.DialogCalls()[0].kind, platform::FileDialogKind::Save);
+
+  // Quit to the main menu, change the game, and load it back.
+  Key(platform::VK_RETURN);
+  Key(platform::VK_RETURN);
+  game->backend.MouseMove(5, 5);
+  game->RunFor(200);
+  ASSERT_STREQ(Top(), "MAIN_OPTION_MODE");
+  thePlayer.party[0]->SetName("Someone Else");
+  game->backend.ScriptDialog(std::nullopt);
+  Click(320, 325);
+  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE") << "a cancelled load stays";
+  std::ofstream(folder / "broken.gam") << "320 200\nYES\nBad\n99 1 1 0\n";
+  game->backend.ScriptDialog((folder / "broken.gam").string());
+  Click(320, 325);
+  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE") << "a broken file is refused";
+  EXPECT_STREQ(thePlayer.party[0]->name, "Someone Else");
+  EXPECT_EQ(game->backend.MessageBoxes().back().caption, "Cannot load the game");
+  game->backend.ScriptDialog(save + ".gam");
+  Click(320, 325);
+  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_STREQ(thePlayer.party[0]->name, "Saved Mookie");
+  EXPECT_EQ(game->backend.DialogCalls().back().kind, platform::FileDialogKind::Open);
 }
 
 TEST(TurnTowardTest, TurnsTheShortWayAtMostTheLimit) {

@@ -5,6 +5,8 @@
 
 #include "creatures/PlayerRecord.h"
 #include "graphics/Blit.h"
+#include "persist/SavedGame.h"
+#include "platform/FileDialog.h"
 #include "platform/Window.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
@@ -108,7 +110,8 @@ void MainMenuScreen::Choose(WindowHandle window) {
       NewGame();
       break;
     case kLoadGame:
-      break;  // loading a saved game comes with the game files
+      LoadGame();
+      break;
     case kOptions:
       PlayClick();
       pendingScreen = new OptionsScreen(1, "DIFF_MODE");
@@ -126,6 +129,17 @@ void MainMenuScreen::Choose(WindowHandle window) {
       platform::PostMessage(window, platform::WM_KEYDOWN, platform::VK_F12, 0);
       break;
   }
+}
+
+void MainMenuScreen::LoadGame() {
+  // The dialog is modal: messages that reach the menu meanwhile are ignored.
+  dialogOpen = 1;
+  const auto path = platform::RunFileDialog(platform::FileDialogKind::Open, "Load Game");
+  if (path && ReadSavedGame(*path)) {
+    pendingScreen = new WorldMapScreen(1, "MAP_MODE");
+    state = kStatePush;
+  }
+  dialogOpen = 0;
 }
 
 void MainMenuScreen::NewGame() {

@@ -46,6 +46,7 @@ class MainMenuScreen : public GameMode {
  private:
   void Choose(WindowHandle window);
   void NewGame();
+  void LoadGame();
   void StepSprites();
   void Draw();
 };

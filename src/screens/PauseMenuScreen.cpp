@@ -1,5 +1,7 @@
 #include "screens/PauseMenuScreen.h"
 
+#include "persist/SavedGame.h"
+#include "platform/FileDialog.h"
 #include "platform/Window.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
@@ -48,6 +50,14 @@ void PauseMenuScreen::Choose() {
     case kContinueGame:
       Leave();
       break;
+    case kSaveGame: {
+      dialogOpen = 1;
+      const auto path = platform::RunFileDialog(platform::FileDialogKind::Save, "Save Game");
+      dialogOpen = 0;
+      // A completed save goes back to the map; a failed one has said why and stays here.
+      if (path && WriteSavedGame(*path)) Leave();
+      break;
+    }
     case kOptions:
       PlayClick();
       pendingScreen = new OptionsScreen(1, "DIFF_MODE");

@@ -11,13 +11,10 @@
 #include "platform/Window.h"
 #include "screens/CreatureInfoScreen.h"
 #include "screens/Frame.h"
-#include "screens/PauseMenuScreen.h"
-#if __has_include("screens/HomeScreen.h") && __has_include("screens/MarketScreen.h") && __has_include("screens/TempleScreen.h")
 #include "screens/HomeScreen.h"
 #include "screens/MarketScreen.h"
+#include "screens/PauseMenuScreen.h"
 #include "screens/TempleScreen.h"
-#define QUARNWICK_PLACES 1
-#endif
 #include "screens/TowerScreen.h"
 #include "shell/Globals.h"
 
@@ -123,11 +120,9 @@ void WorldMapScreen::ClickPlace(int x, int y) {
   thePlayer.currentLocation = place;
   const bool canFight = thePlayer.HasFighter();
   switch (place->kind) {
-#ifdef QUARNWICK_PLACES
     case kLocationHome: Push(new HomeScreen(1, "HEAL MODE")); break;
     case kLocationMarket: Push(new MarketScreen(1, "MARKET MODE")); break;
     case kLocationTemple: Push(new TempleScreen(1, "HELP MODE")); break;
-#endif
     case kLocationTower:
       if (canFight && thePlayer.wizardDefeated[place->tier] == 0) Push(new TowerScreen(1, "TOWER MODE", place->tier));
       break;
