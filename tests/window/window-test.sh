@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The real game in a real window under Xvfb: it starts, shows a frame that is not black,
-# clicks when a button is clicked (heard through SDL's disk audio driver), quits on F12
-# with exit code 0, and quits the same way when its close button is used.
+# clicks when a button is clicked (heard through SDL's disk audio driver), saves a new game
+# through the real dialog and loads it back with the same party, quits on F12 with exit
+# code 0, and quits the same way when its close button is used.
 # Usage: window-test.sh GAME CLOSE-WINDOW WORKDIR
 set -uo pipefail
 game="$1"
@@ -16,6 +17,8 @@ trap 'kill "$xvfb" 2>/dev/null; kill "$pid" 2>/dev/null' EXIT
 for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
 [ -s "$work/display" ] || fail "Xvfb did not start"
 export DISPLAY=":$(cat "$work/display")"
+export XDG_DATA_HOME="$work/xdg"
+rm -rf "$XDG_DATA_HOME"
 export SDL_AUDIODRIVER=disk
 export SDL_DISKAUDIOFILE="$work/audio.raw"
 # LeakSanitizer's exit-time scan crashes among the X and GL driver threads of a real
@@ -62,6 +65,43 @@ sleep 1
 heard=$(tr -d '\000' <"$work/audio.raw" | wc -c)
 echo "audio bytes that are not zero: $heard_before before the click, $heard after"
 [ "$heard" -gt "$heard_before" ] || fail "the click was not heard"
+
+# A game saved through the real dialog, left, and loaded again shows the same party.
+click() {
+  xdotool mousemove --window "$window" $(($1 * scale)) $(($2 * scale)) click 1
+  sleep "${3:-1}"
+}
+key() {
+  xdotool key --window "$window" "$@"
+  sleep 1
+}
+strip() {  # the party strip of the window, with the pointer parked above it
+  xdotool mousemove --window "$window" $((600 * scale)) $((20 * scale))
+  sleep 1
+  import -window "$window" -crop "$((640 * scale))x$((105 * scale))+0+$((375 * scale))" +repage "$1"
+}
+click 320 382      # back from the credits
+click 320 295 3    # Start New Game: the map fades in
+strip "$work/strip-saved.png"
+key Return         # the map's Options: the pause menu
+click 320 325 2    # Save Game: the dialog
+xdotool type --window "$window" --delay 50 wtest
+key Return
+[ -f "$XDG_DATA_HOME/quarnwick/saves/wtest.gam" ] || fail "the game was not saved"
+[ "$(sed -n 3p "$XDG_DATA_HOME/quarnwick/saves/wtest.gam")" = Mookie ] || fail "the save does not hold Mookie"
+key Return         # Options again
+key Return         # Quit Game, back through the map
+xdotool mousemove --window "$window" $((10 * scale)) $((10 * scale))
+sleep 1
+click 320 325 2    # Load Game: the dialog
+xdotool type --window "$window" --delay 50 wtest
+key Return
+sleep 2
+strip "$work/strip-loaded.png"
+differing=$(compare -metric AE "$work/strip-saved.png" "$work/strip-loaded.png" null: 2>&1 || true)
+echo "party strip pixels that differ after the load: $differing"
+[ "$differing" = 0 ] || fail "the loaded game does not show the saved party"
+
 xdotool key --window "$window" F12
 finish
 [ "$code" = 0 ] || fail "F12 ended the game with exit code $code"
