@@ -5,6 +5,7 @@
 #include "graphics/Text.h"
 #include "platform/Window.h"
 #include "screens/Frame.h"
+#include "screens/MenuInput.h"
 #include "shell/Globals.h"
 #include "shell/TextFormat.h"
 
@@ -39,29 +40,8 @@ int MarketScreen::Tick(std::uint32_t) {
 }
 
 LResult MarketScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
-  const int x = platform::PointX(lParam), y = platform::PointY(lParam);
-  switch (message) {
-    case platform::WM_PAINT:
-      Draw();
-      break;
-    case platform::WM_LBUTTONDOWN:
-    case platform::WM_RBUTTONDOWN:
-      if (widgets.HitTest(x, y) != kHitNothing) Choose();
-      platform::InvalidateRect(window);
-      break;
-    case platform::WM_MOUSEMOVE:
-      if (widgets.HitTest(x, y) >= 0) platform::InvalidateRect(window);
-      break;
-    case platform::WM_KEYDOWN:
-      if (wParam == platform::VK_RETURN || wParam == platform::VK_SPACE) {
-        Choose();
-        platform::InvalidateRect(window);
-      } else if (wParam == platform::VK_UP || wParam == platform::VK_DOWN) {
-        widgets.Cycle(wParam == platform::VK_UP ? kCyclePrevious : kCycleNext);
-        platform::InvalidateRect(window);
-      }
-      break;
-  }
+  if (message == platform::WM_PAINT) Draw();
+  AnswerMenuInput(widgets, window, message, wParam, lParam, [this] { Choose(); });
   return 0;
 }
 

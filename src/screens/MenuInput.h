@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "platform/Messages.h"
+#include "platform/Window.h"
 #include "ui/ObjectList.h"
 
 enum class MenuAction { None, Choose, ChooseBackward };
@@ -16,3 +17,14 @@ struct MenuInput {
 };
 
 MenuInput ReadMenuInput(ObjectList& buttons, std::uint32_t message, platform::WParam wParam, platform::LParam lParam);
+
+// The whole answer of a place screen: reads the input, chooses, and repaints the window
+// after a click, a choice or a move of the highlight.
+template <typename Choose>
+void AnswerMenuInput(ObjectList& buttons, platform::WindowHandle window, std::uint32_t message, platform::WParam wParam,
+                     platform::LParam lParam, Choose choose) {
+  const MenuInput input = ReadMenuInput(buttons, message, wParam, lParam);
+  if (input.action != MenuAction::None) choose();
+  const bool clicked = message == platform::WM_LBUTTONDOWN || message == platform::WM_RBUTTONDOWN;
+  if (clicked || input.moved || input.action != MenuAction::None) platform::InvalidateRect(window);
+}
