@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <tuple>
 
 #include "platform/Backend.h"
 #include "platform/Cp1252.h"
@@ -91,7 +92,7 @@ class FileDialog {
 
   // Handles one input message; true when the dialog looks different afterwards.
   bool Handle(const Message& m, std::uint32_t now) {
-    const FileDialogState before = state;
+    const auto before = Look(state);
     switch (m.message) {
       case WM_KEYDOWN:
         Key(static_cast<std::uint32_t>(m.wParam));
@@ -114,14 +115,14 @@ class FileDialog {
       default:
         break;
     }
-    return outcome != Outcome::Open || !SameLook(before, state);
+    return outcome != Outcome::Open || Look(state) != before;
   }
 
  private:
-  static bool SameLook(const FileDialogState& a, const FileDialogState& b) {
-    return a.selected == b.selected && a.firstRow == b.firstRow && a.name == b.name && a.noSuchGame == b.noSuchGame &&
-           a.hovered == b.hovered && a.pressed == b.pressed && a.pointerKnown == b.pointerKnown &&
-           a.pointerX == b.pointerX && a.pointerY == b.pointerY && a.cursorShown == b.cursorShown;
+  // What input can change of the picture (the list of files stays as it is).
+  static auto Look(const FileDialogState& s) {
+    return std::tuple(s.selected, s.firstRow, s.name, s.noSuchGame, s.hovered, s.pressed, s.pointerKnown, s.pointerX,
+                      s.pointerY);
   }
 
   int Count() const { return static_cast<int>(state.files.size()); }
