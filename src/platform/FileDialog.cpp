@@ -120,9 +120,10 @@ class FileDialog {
 
  private:
   // What input can change of the picture (the list of files stays as it is).
-  static auto Look(const FileDialogState& s) {
-    return std::tuple(s.selected, s.firstRow, s.name, s.noSuchGame, s.hovered, s.pressed, s.pointerKnown, s.pointerX,
-                      s.pointerY);
+  using Appearance = std::tuple<int, int, std::string, bool, DialogPart, DialogPart, bool, int, int>;
+  static Appearance Look(const FileDialogState& s) {
+    return {s.selected, s.firstRow, s.name, s.noSuchGame, s.hovered, s.pressed, s.pointerKnown, s.pointerX,
+            s.pointerY};
   }
 
   int Count() const { return static_cast<int>(state.files.size()); }
