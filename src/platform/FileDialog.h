@@ -19,8 +19,10 @@ enum class FileDialogKind { Open, Save };
 // path of the name, or the typed path as given when it has a '/'; std::nullopt when
 // cancelled. While it is up, the window's other messages (paint, timer, activate, close)
 // still go to the window procedure, input goes to the dialog only, and no frame of the
-// game runs. An open dialog returns only a file that is there; a save dialog returns the
-// typed name as it is (the caller adds the extension).
+// game runs. An open dialog returns only a file that is there (a name typed without its
+// ".gam" finds the saved game with it), and otherwise says "No such game" and stays; a
+// save dialog returns the typed name as it is (the caller adds the extension). OK with an
+// empty name does nothing.
 std::optional<std::string> RunFileDialog(FileDialogKind kind, const std::string& title);
 
 // The frame the dialog is drawn over, dimmed, and shows again when it closes: the surface
