@@ -21,25 +21,25 @@ const std::vector<std::uint32_t> kCard = {
 std::uint16_t Expected(std::uint32_t rgb) { return Rgb565(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF); }
 
 std::vector<std::uint8_t> Card(int bits, bool topDown, bool fields = false) {
-  BitmapSpec spec{5, 3, bits, topDown, {}, {}, {}};
+  BitmapLayout layout{5, 3, bits, topDown, {}, {}, {}};
   if (bits <= 8) {
-    spec.palette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF, 0xFFFF00, 0xFF00FF, 0x00FFFF};
+    layout.palette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF, 0xFFFF00, 0xFF00FF, 0x00FFFF};
     for (std::uint32_t c : kCard) {
       std::uint32_t index = 0;
-      while (spec.palette[index] != c) ++index;
-      spec.values.push_back(index);
+      while (layout.palette[index] != c) ++index;
+      layout.values.push_back(index);
     }
     if (bits == 1) {  // two colours only: white and black
-      spec.palette = {0x000000, 0xFFFFFF};
-      spec.values.clear();
-      for (std::uint32_t c : kCard) spec.values.push_back(c == 0xFFFFFF ? 1 : 0);
+      layout.palette = {0x000000, 0xFFFFFF};
+      layout.values.clear();
+      for (std::uint32_t c : kCard) layout.values.push_back(c == 0xFFFFFF ? 1 : 0);
     }
   } else {
-    spec.values = kCard;
+    layout.values = kCard;
   }
-  if (fields && bits == 16) spec.masks = {0xF800, 0x07E0, 0x001F};
-  if (fields && bits == 32) spec.masks = {0x00FF0000, 0x0000FF00, 0x000000FF};
-  return MakeBitmap(spec);
+  if (fields && bits == 16) layout.masks = {0xF800, 0x07E0, 0x001F};
+  if (fields && bits == 32) layout.masks = {0x00FF0000, 0x0000FF00, 0x000000FF};
+  return MakeBitmap(layout);
 }
 
 TEST(BitmapFileTest, EveryDepthAndRowOrderGivesTheSamePicture) {
@@ -65,8 +65,8 @@ TEST(BitmapFileTest, EveryDepthAndRowOrderGivesTheSamePicture) {
 }
 
 TEST(BitmapFileTest, ChannelsAreTruncatedTo565) {
-  BitmapSpec spec{2, 1, 24, false, {}, {0x0F0B07, 0x080408}, {}};
-  const auto image = DecodeBitmap(MakeBitmap(spec));
+  BitmapLayout layout{2, 1, 24, false, {}, {0x0F0B07, 0x080408}, {}};
+  const auto image = DecodeBitmap(MakeBitmap(layout));
   ASSERT_TRUE(image.has_value());
   EXPECT_EQ(image->pixels[0], (1 << 11) | (2 << 5) | 0) << "15, 11, 7 keep their top 5, 6, 5 bits";
   EXPECT_EQ(image->pixels[1], (1 << 11) | (1 << 5) | 1);
@@ -95,8 +95,8 @@ TEST(BitmapFileTest, BrokenFilesAreRefused) {
   EXPECT_FALSE(DecodeBitmap(patched(10, 0xFFFFFF00, 4)).has_value()) << "pixels beyond the end";
 
   // A palette index beyond the palette shows black.
-  BitmapSpec spec{2, 1, 8, false, {0xFF0000}, {0, 200}, {}};
-  const auto beyond = DecodeBitmap(MakeBitmap(spec));
+  BitmapLayout layout{2, 1, 8, false, {0xFF0000}, {0, 200}, {}};
+  const auto beyond = DecodeBitmap(MakeBitmap(layout));
   ASSERT_TRUE(beyond.has_value());
   EXPECT_EQ(beyond->pixels[0], Expected(0xFF0000));
   EXPECT_EQ(beyond->pixels[1], 0);

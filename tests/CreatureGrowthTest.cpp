@@ -172,7 +172,7 @@ TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
   // and releasing frees it.
   const auto folder = std::filesystem::temp_directory_path() / ("quarnwick-kindrel-" + std::to_string(::getpid()));
   std::filesystem::create_directories(folder / "dat");
-  BitmapSpec bitmap;
+  BitmapLayout bitmap;
   bitmap.width = 4;
   bitmap.height = 3;
   bitmap.values.assign(12, 0xC86432);

@@ -130,8 +130,8 @@ TEST_F(DrawingTest, MirrorTwiceRestoresAPicture) {
 }
 
 TEST_F(DrawingTest, LostSurfacesComeBackFromTheirFiles) {
-  BitmapSpec spec{2, 2, 24, false, {}, {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF}, {}};
-  WriteFile((folder / "dat" / "card.bmp").string(), MakeBitmap(spec));
+  BitmapLayout layout{2, 2, 24, false, {}, {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF}, {}};
+  WriteFile((folder / "dat" / "card.bmp").string(), MakeBitmap(layout));
   Picture card, missing;
   card.LoadPicture("dat\\card.bmp");
   missing.LoadPicture("dat\\nowhere.bmp");

@@ -35,7 +35,7 @@ class MarketScreenTest : public ::testing::Test {
     std::filesystem::create_directories(folder / "dat");
     WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile(kClickSamples));
     WriteFile((folder / "dat" / "fanfare5.wav").string(), MakeWaveFile(kFanfareSamples));
-    BitmapSpec square;
+    BitmapLayout square;
     square.width = 104;
     square.height = 105;
     square.values.assign(static_cast<std::size_t>(square.width) * square.height, 0x969696);

@@ -25,7 +25,7 @@ class PartyStripTest : public ::testing::Test {
   void SetUp() override {
     folder = std::filesystem::temp_directory_path() / ("quarnwick-strip-" + std::to_string(::getpid()));
     std::filesystem::create_directories(folder / "dat");
-    BitmapSpec bitmap;
+    BitmapLayout bitmap;
     bitmap.width = 104;
     bitmap.height = 105;
     bitmap.values.assign(static_cast<std::size_t>(bitmap.width) * bitmap.height, 0x969696);
