@@ -5,37 +5,24 @@
 // and opens a Kindrel's page from its box.
 #include <cstdint>
 
-#include "audio/SoundEffect.h"
-#include "graphics/Picture.h"
 #include "screens/HelpFile.h"
-#include "shell/GameMode.h"
-#include "ui/ObjectList.h"
+#include "screens/PlaceScreen.h"
 
 // The number of the next topic the temple shows. It lives for the program's run: 0 at
 // start, neither saved with a game nor reset by a new or loaded one.
 extern std::int32_t helpTopicIndex;
 
-class TempleScreen : public GameMode {
+class TempleScreen : public PlaceScreen {
  public:
   TempleScreen(std::uint32_t id, const char* name);
-  ~TempleScreen() override;
-
-  int Activate() override;
-  int Deactivate() override;
-  int Tick(std::uint32_t now) override;
-  LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) override;
 
   // The party box of slot k has the id kFirstBox + k.
   enum WidgetId { kExit = 0, kLearnMore = 1, kFirstBox = 2 };
 
-  ObjectList widgets;
-  Picture background;
-  Picture frame;
-  SoundEffect* fanfare = nullptr;
   HelpText topicText = {};
 
  private:
   void NextTopic();
-  void Choose();
-  void Draw();
+  void Choose() override;
+  void DrawPlace() override;
 };
