@@ -14,7 +14,7 @@
 #include "screens/HomeScreen.h"
 #include "shell/Globals.h"
 #include "support/BitmapBytes.h"
-#include "support/HeadlessGame.h"
+#include "support/PlaceScreenFixture.h"
 #include "support/WaveBytes.h"
 
 using Request = platform::HeadlessAudio::Request;
@@ -22,41 +22,19 @@ using Request = platform::HeadlessAudio::Request;
 namespace {
 
 const Rect kExitButton{220, 350, 420, 370};
-const std::vector<int> kClickSamples{9000, -9000, 9000, -9000};
 const std::vector<int> kFanfareSamples{1200, 2400, 3600, 2400, 1200, 0};
 
-class HomeScreenTest : public ::testing::Test {
+class HomeScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-home-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
-    WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile(kClickSamples));
-    WriteFile((folder / "dat" / "fanfare8.wav").string(), MakeWaveFile(kFanfareSamples));
-    platform::SetDataRoot(folder.string());
-    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAP", &log); }, "-F",
-                                          HeadlessGame::Sound::On);
-    below->onMessage = [this](std::uint32_t message, WParam wParam, LParam) {
-      if (message == platform::WM_KEYDOWN && wParam == 'H') {
-        pendingScreen = new HomeScreen(1, "HEAL MODE");
-        below->state = kStatePush;
-      }
-    };
-    thePlayer.NewGameReset();
+    Prepare("home", "fanfare8.wav", kFanfareSamples);
+    Start('H', [] { return new HomeScreen(1, "HEAL MODE"); });
   }
-  void TearDown() override {
-    game.reset();
-    thePlayer.ReleaseParty();
-    platform::SetDataRoot("");
-    std::filesystem::remove_all(folder);
-  }
+
   void Visit() {
     Do([&] { game->backend.KeyPress('H'); });
     ASSERT_STREQ(currentScreen->GetName(), "HEAL MODE");
     home = static_cast<HomeScreen*>(currentScreen);
-  }
-  void Do(const std::function<void()>& input) {
-    input();
-    game->RunFor(100);
   }
   bool AtHome() const { return currentScreen == home; }
   Kindrel& Put(int slot, int species, int level) {
@@ -64,19 +42,6 @@ class HomeScreenTest : public ::testing::Test {
     return *thePlayer.party[slot];
   }
   int FullHitPoints(const Kindrel& k) const { return Kindrel::Create(k.species->index, k.level)->hitPoints; }
-  // How often the sound made from these samples was started.
-  int Plays(const std::vector<int>& samples) const {
-    const auto& audio = game->backend.AudioOutput();
-    Bytes pcm;
-    for (int s : samples) Put16(pcm, static_cast<std::uint32_t>(s));
-    int plays = 0;
-    for (const auto& buffer : audio.Buffers()) {
-      if (buffer.samples != pcm) continue;
-      for (const auto& call : audio.Calls())
-        plays += call.buffer == buffer.number && (call.request == Request::Play || call.request == Request::Rewind);
-    }
-    return plays;
-  }
   // Whether the frame shows, in the rectangle, exactly the text as the game's text output
   // draws it in white on black.
   bool ShowsText(const char* text, const Rect& box, const Rect& area) {
@@ -91,10 +56,6 @@ class HomeScreenTest : public ::testing::Test {
     return true;
   }
 
-  std::filesystem::path folder;
-  std::unique_ptr<HeadlessGame> game;
-  std::vector<std::string> log;
-  ProbeScreen* below = nullptr;
   HomeScreen* home = nullptr;
 };
 

@@ -13,7 +13,7 @@
 #include "screens/MarketScreen.h"
 #include "shell/Globals.h"
 #include "support/BitmapBytes.h"
-#include "support/HeadlessGame.h"
+#include "support/PlaceScreenFixture.h"
 #include "support/WaveBytes.h"
 
 using Request = platform::HeadlessAudio::Request;
@@ -25,47 +25,25 @@ const Rect kGiveAwayButton{120, 340, 320, 370};
 const Rect kDoneButton{320, 340, 520, 370};
 const Rect kTextBox{100, 80, 540, 330};
 const char* const kPrompt = "Choose a Kindrel you want to give away.";
-const std::vector<int> kClickSamples{9000, -9000, 9000, -9000};
 const std::vector<int> kFanfareSamples{700, 1400, 2100, 1400, 700};
 
-class MarketScreenTest : public ::testing::Test {
+class MarketScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-market-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
-    WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile(kClickSamples));
-    WriteFile((folder / "dat" / "fanfare5.wav").string(), MakeWaveFile(kFanfareSamples));
+    Prepare("market", "fanfare5.wav", kFanfareSamples);
     BitmapLayout square;
     square.width = 104;
     square.height = 105;
     square.values.assign(static_cast<std::size_t>(square.width) * square.height, 0x969696);
     WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(square));
-    platform::SetDataRoot(folder.string());
-    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAP", &log); }, "-F",
-                                          HeadlessGame::Sound::On);
-    below->onMessage = [this](std::uint32_t message, WParam wParam, LParam) {
-      if (message == platform::WM_KEYDOWN && wParam == 'K') {
-        pendingScreen = new MarketScreen(1, "MARKET MODE");
-        below->state = kStatePush;
-      }
-    };
-    thePlayer.NewGameReset();
+    Start('K', [] { return new MarketScreen(1, "MARKET MODE"); });
   }
-  void TearDown() override {
-    game.reset();
-    thePlayer.ReleaseParty();
-    platform::SetDataRoot("");
-    std::filesystem::remove_all(folder);
-  }
+
   void Visit() {
     Do([&] { game->backend.KeyPress('K'); });
     ASSERT_STREQ(currentScreen->GetName(), "MARKET MODE");
     market = static_cast<MarketScreen*>(currentScreen);
     Do([&] { game->backend.MouseMove(630, 10); });  // the pointer out of the way
-  }
-  void Do(const std::function<void()>& input) {
-    input();
-    game->RunFor(100);
   }
   void ClickBox(int slot) { Do([&] { game->backend.LeftClick(6 + 105 * slot + 50, 420); }); }
   void ClickGiveAway() { Do([&] { game->backend.LeftClick(220, 355); }); }
@@ -74,18 +52,6 @@ class MarketScreenTest : public ::testing::Test {
     thePlayer.party[slot] = Kindrel::Create(species, 3);
     thePlayer.party[slot]->SetName(name);
     return thePlayer.party[slot].get();
-  }
-  int Plays(const std::vector<int>& samples) const {
-    const auto& audio = game->backend.AudioOutput();
-    Bytes pcm;
-    for (int s : samples) Put16(pcm, static_cast<std::uint32_t>(s));
-    int plays = 0;
-    for (const auto& buffer : audio.Buffers()) {
-      if (buffer.samples != pcm) continue;
-      for (const auto& call : audio.Calls())
-        plays += call.buffer == buffer.number && (call.request == Request::Play || call.request == Request::Rewind);
-    }
-    return plays;
   }
   // Whether the frame shows, in the area, exactly the text as the game's text output draws
   // it in white on black, centred and wrapped in the market's text box.
@@ -114,10 +80,6 @@ class MarketScreenTest : public ::testing::Test {
            At(374, 240) != grey && At(320, 186) != grey && At(320, 294) != grey;
   }
 
-  std::filesystem::path folder;
-  std::unique_ptr<HeadlessGame> game;
-  std::vector<std::string> log;
-  ProbeScreen* below = nullptr;
   MarketScreen* market = nullptr;
 };
 

@@ -16,7 +16,7 @@
 #include "screens/TempleScreen.h"
 #include "shell/Globals.h"
 #include "support/BitmapBytes.h"
-#include "support/HeadlessGame.h"
+#include "support/PlaceScreenFixture.h"
 #include "support/WaveBytes.h"
 
 using Request = platform::HeadlessAudio::Request;
@@ -25,7 +25,6 @@ namespace {
 
 const Rect kExitButton{320, 310, 520, 340};
 const Rect kLearnMoreButton{120, 310, 320, 340};
-const std::vector<int> kClickSamples{9000, -9000, 9000, -9000};
 const std::vector<int> kFanfareSamples{300, 600, 900, 1200, 900, 600, 300};
 const char* const kThreeTopics =
     "Three lessons for the tests\n"
@@ -35,34 +34,19 @@ const char* const kThreeTopics =
     "remark: INFO in the middle of a line is no topic\n"
     "   info The third lesson.\n";
 
-class TempleScreenTest : public ::testing::Test {
+class TempleScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-temple-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
+    Prepare("temple", "fanfare7.wav", kFanfareSamples);
     std::filesystem::create_directories(folder / "here");
-    WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile(kClickSamples));
-    WriteFile((folder / "dat" / "fanfare7.wav").string(), MakeWaveFile(kFanfareSamples));
-    platform::SetDataRoot(folder.string());
     previous = std::filesystem::current_path();
     std::filesystem::current_path(folder / "here");
     helpTopicIndex = 0;  // as at the start of the program
-    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAP", &log); }, "-F",
-                                          HeadlessGame::Sound::On);
-    below->onMessage = [this](std::uint32_t message, WParam wParam, LParam) {
-      if (message == platform::WM_KEYDOWN && wParam == 'T') {
-        pendingScreen = new TempleScreen(1, "HELP MODE");
-        below->state = kStatePush;
-      }
-    };
-    thePlayer.NewGameReset();
+    Start('T', [] { return new TempleScreen(1, "HELP MODE"); });
   }
   void TearDown() override {
-    game.reset();
-    thePlayer.ReleaseParty();
     std::filesystem::current_path(previous);
-    platform::SetDataRoot("");
-    std::filesystem::remove_all(folder);
+    PlaceScreenFixture::TearDown();
   }
   void WriteHelp(const std::string& content) { std::ofstream(folder / "here" / "help.dat", std::ios::binary) << content; }
   void Visit() {
@@ -75,23 +59,7 @@ class TempleScreenTest : public ::testing::Test {
     Do([&] { game->backend.LeftClick((kExitButton.left + kExitButton.right) / 2, (kExitButton.top + kExitButton.bottom) / 2); });
     ASSERT_EQ(currentScreen, below);
   }
-  void Do(const std::function<void()>& input) {
-    input();
-    game->RunFor(100);
-  }
   bool AtTemple() const { return currentScreen == temple; }
-  int Plays(const std::vector<int>& samples) const {
-    const auto& audio = game->backend.AudioOutput();
-    Bytes pcm;
-    for (int s : samples) Put16(pcm, static_cast<std::uint32_t>(s));
-    int plays = 0;
-    for (const auto& buffer : audio.Buffers()) {
-      if (buffer.samples != pcm) continue;
-      for (const auto& call : audio.Calls())
-        plays += call.buffer == buffer.number && (call.request == Request::Play || call.request == Request::Rewind);
-    }
-    return plays;
-  }
   // Whether everything above the buttons is exactly the text as the game's text output
   // draws it in white on black, centred and wrapped in the temple's text box.
   bool Shows(const std::string& text) {
@@ -112,10 +80,7 @@ class TempleScreenTest : public ::testing::Test {
     return true;
   }
 
-  std::filesystem::path folder, previous;
-  std::unique_ptr<HeadlessGame> game;
-  std::vector<std::string> log;
-  ProbeScreen* below = nullptr;
+  std::filesystem::path previous;
   TempleScreen* temple = nullptr;
 };
 
