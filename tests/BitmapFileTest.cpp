@@ -101,6 +101,7 @@ TEST(BitmapFileTest, BrokenFilesAreRefused) {
   EXPECT_EQ(beyond->pixels[0], Expected(0xFF0000));
   EXPECT_EQ(beyond->pixels[1], 0);
   EXPECT_FALSE(platform::LoadBitmapFile("/nonexistent/quarnwick.bmp").has_value());
+  EXPECT_FALSE(platform::LoadBitmapFile(QUARNWICK_TEST_DATA).has_value()) << "a folder is no picture";
 }
 
 }  // namespace

@@ -16,7 +16,7 @@
 #include "screens/MainMenuScreen.h"
 #include "screens/OptionsScreen.h"
 #include "screens/PauseMenuScreen.h"
-#include "screens/WorldMapScreen.h"
+#include "world/WorldMapScreen.h"
 #include "shell/Globals.h"
 #include "support/BitmapBytes.h"
 #include "support/HeadlessGame.h"

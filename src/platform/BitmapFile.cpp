@@ -1,9 +1,9 @@
 #include "platform/BitmapFile.h"
 
 #include <array>
-#include <fstream>
 #include <iterator>
 
+#include "platform/AtomicFile.h"
 #include "platform/Surface.h"
 
 namespace platform {
@@ -182,9 +182,10 @@ std::optional<Image565> DecodeBitmap(std::span<const std::uint8_t> bytes) {
 }
 
 std::optional<Image565> LoadBitmapFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::vector<std::uint8_t> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  // A folder or an unreadable file is no picture.
+  std::string content;
+  if (!ReadWholeFile(path, &content, nullptr)) return std::nullopt;
+  const std::vector<std::uint8_t> bytes(content.begin(), content.end());
   return DecodeBitmap(bytes);
 }
 

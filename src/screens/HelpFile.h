@@ -11,8 +11,10 @@
 #include <string>
 #include <string_view>
 
+#include "shell/TextLines.h"
+
 inline constexpr int kHelpTextSize = 2048;    // a topic's text with its terminating zero
-inline constexpr int kHelpLineLength = 2046;  // the most read of a line at once
+inline constexpr int kHelpLineLength = static_cast<int>(kLineReadLength);
 
 using HelpText = char[kHelpTextSize];
 

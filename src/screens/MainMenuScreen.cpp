@@ -12,7 +12,7 @@
 #include "screens/MenuInput.h"
 #include "screens/MessageScreen.h"
 #include "screens/OptionsScreen.h"
-#include "screens/WorldMapScreen.h"
+#include "world/WorldMapScreen.h"
 #include "shell/Globals.h"
 #include "shell/Random.h"
 

@@ -6,7 +6,7 @@
 #include "shell/Globals.h"
 
 MessageScreen::MessageScreen(std::uint32_t id, const char* name, const char* message, const char* pictureFile)
-    : GameMode(id, name), buttons(PackColour(180, 180, 230), PackColour(100, 255, 100)), text(message) {
+    : GameMode(id, name), buttons(PackColour(180, 180, 230), PackColour(100, 255, 100)), text(message ? message : "") {
   buttons.Add(new Button(0, "Continue", 64, 220, 370, 420, 395, 2));
   picture.LoadPicture(pictureFile);
 }
@@ -27,7 +27,7 @@ int MessageScreen::Tick(std::uint32_t) {
 
 LResult MessageScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
   const int x = platform::PointX(lParam), y = platform::PointY(lParam);
-  const bool empty = !text || !*text;
+  const bool empty = text.empty();
   switch (message) {
     case platform::WM_LBUTTONDOWN:
       if (buttons.HitTest(x, y) != kHitNothing) {
@@ -69,8 +69,8 @@ void MessageScreen::Draw() {
   BeginFrame();
   picture.DrawOpaque(0, 0, 1);
   SetTextColour(255, 255, 255);
-  if (text && *text) {
-    DrawTextBox(2, text, {120, 80, 520, 370}, nullptr, DT_CENTER | DT_WORDBREAK);
+  if (!text.empty()) {
+    DrawTextBox(2, text.c_str(), {120, 80, 520, 370}, nullptr, DT_CENTER | DT_WORDBREAK);
     buttons.DrawAll();
   }
   EndFrame();

@@ -1,13 +1,16 @@
 #pragma once
 // A full-screen picture with a centred block of text and a "Continue" button; continuing
 // goes back to the screen below. The credits are shown with it.
+#include <string>
+
 #include "graphics/Picture.h"
 #include "shell/GameMode.h"
 #include "ui/ObjectList.h"
 
 class MessageScreen : public GameMode {
  public:
-  // The text is not copied: its owner keeps it alive while the screen exists.
+  // The screen keeps its own copy of the text: a screen that leaves may put a message
+  // screen in its place.
   MessageScreen(std::uint32_t id, const char* name, const char* text, const char* pictureFile);
   ~MessageScreen() override;
 
@@ -18,7 +21,7 @@ class MessageScreen : public GameMode {
 
   ObjectList buttons;
   Picture picture;
-  const char* text;
+  std::string text;
 
  private:
   void Draw();

@@ -9,3 +9,4 @@ int mutedVolume = 0;
 int shortcutSkip = 0;
 SoundEffect* clickSound = nullptr;
 MousePointer* theMousePointer = nullptr;
+int stayOnEventCell = 1;

@@ -15,3 +15,5 @@ extern int mutedVolume;    // the volume kept while muted
 extern int shortcutSkip;   // F11 makes the next key skip the shortcuts
 extern SoundEffect* clickSound;
 extern MousePointer* theMousePointer;
+// Set by an event screen as it goes: 1 when the player may stay on the event's cell.
+extern int stayOnEventCell;

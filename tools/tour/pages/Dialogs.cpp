@@ -21,7 +21,7 @@
 #include "platform/SavesFolder.h"
 #include "platform/Window.h"
 #include "screens/MainMenuScreen.h"
-#include "screens/WorldMapScreen.h"
+#include "world/WorldMapScreen.h"
 #include "shell/Globals.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include "screens/OptionsScreen.h"
 #include "screens/PauseMenuScreen.h"
 #include "screens/TowerScreen.h"
-#include "screens/WorldMapScreen.h"
+#include "world/WorldMapScreen.h"
 #include "shell/Globals.h"
 
 namespace {

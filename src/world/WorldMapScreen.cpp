@@ -1,4 +1,4 @@
-#include "screens/WorldMapScreen.h"
+#include "world/WorldMapScreen.h"
 
 #include <cmath>
 
@@ -17,6 +17,7 @@
 #include "screens/TempleScreen.h"
 #include "screens/TowerScreen.h"
 #include "shell/Globals.h"
+#include "world/MazeScreen.h"
 
 namespace {
 
@@ -127,7 +128,8 @@ void WorldMapScreen::ClickPlace(int x, int y) {
       if (canFight && thePlayer.wizardDefeated[place->tier] == 0) Push(new TowerScreen(1, "TOWER MODE", place->tier));
       break;
     default:
-      break;  // the wild areas open with their mazes
+      if (IsWildArea(*place) && canFight) Push(new MazeScreen(1, "MAZE MODE", place->areaFile));
+      break;
   }
 }
 

@@ -1,0 +1,349 @@
+// The maze walk, played from the world map on the small area tests/data/areas/walk.dat:
+// steps by keys and the mouse, what does and does not count toward an encounter, the
+// encounters with their ranges and their real combats, events and items, exits, the
+// view, the information screen with the ambient sound, and areas that cannot be walked.
+//
+// walk.dat (start at the bottom exit (6, 8)):
+//   y0 1111111111      a: species 0..6, levels 1..3 over (1..4, 1..4)
+//   y1 1aaaaf0001      b: species 30, level 5 over (2..3, 2..3), later than a
+//   y2 1abba0M0K1      M: a sign; K: needs Key, gives Gate Pass
+//   y3 1abba00011      G: gives Flute of Wind; L: gives Flute
+//   y4 1aaaa0G0L1      f: hidden, gives flute
+//   y5 1000000001
+//   y6 1111201111
+//   y7 1000000001
+//   y8 1111112111
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <unistd.h>
+
+#include "combat/CombatMode.h"
+#include "creatures/PlayerRecord.h"
+#include "platform/DataPath.h"
+#include "screens/MessageScreen.h"
+#include "shell/Globals.h"
+#include "support/HeadlessGame.h"
+#include "world/EventScreen.h"
+#include "world/MazeScreen.h"
+#include "world/WorldMapScreen.h"
+
+namespace {
+
+using Request = platform::HeadlessAudio::Request;
+
+class MazeTest : public ::testing::Test {
+ protected:
+  void SetUp() override { Start(HeadlessGame::Sound::Off); }
+  void Start(HeadlessGame::Sound sound) {
+    game.reset();
+    thePlayer.StartNewGame();
+    thePlayer.currentLocation = &locationTable[1];
+    platform::SetDataRoot(QUARNWICK_BUILD_DIR);
+    game = std::make_unique<HeadlessGame>([] { return new WorldMapScreen(1, "MAP_MODE"); }, "-F", sound);
+    game->RunFor(100);
+  }
+  void TearDown() override {
+    game.reset();
+    thePlayer.ReleaseParty();
+    while (ScreenObject* item = thePlayer.items.First()) delete thePlayer.items.Remove(item);
+    for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
+    platform::SetDataRoot("");
+  }
+  // Pushes the maze of a test area above the map, as a click on a wild area does.
+  MazeScreen* Enter(const char* area) {
+    path = std::string(QUARNWICK_TEST_DATA) + "/areas/" + area;
+    pendingScreen = new MazeScreen(1, "MAZE MODE", path.c_str());
+    currentScreen->state = kStatePush;
+    game->backend.MouseMove(600, 470);
+    game->RunFor(100);
+    return dynamic_cast<MazeScreen*>(currentScreen);
+  }
+  // A key, and time for a step to end (seven frames).
+  void Key(std::uint32_t key) {
+    game->backend.KeyPress(key);
+    game->RunFor(300);
+  }
+  void Keys(std::initializer_list<std::uint32_t> keys) {
+    for (std::uint32_t key : keys) Key(key);
+  }
+  std::string Top() const { return currentScreen ? currentScreen->GetName() : ""; }
+  CombatMode* Combat() const { return dynamic_cast<CombatMode*>(currentScreen); }
+  // Casts the first spell until the combat has gone.
+  void FightToTheEnd() {
+    for (int t = 0; t < 600 && Combat(); ++t) {
+      if (Combat()->phase == kPhaseWaiting) game->backend.LeftClick(100, 210);
+      game->RunFor(100);
+    }
+    ASSERT_EQ(Combat(), nullptr);
+  }
+  std::vector<std::string> Items() const {
+    std::vector<std::string> names;
+    for (ScreenObject* item = thePlayer.items.First(); item; item = thePlayer.items.Next()) names.push_back(item->GetName());
+    return names;
+  }
+
+  std::unique_ptr<HeadlessGame> game;
+  std::string path;
+};
+
+constexpr std::uint32_t kUp = platform::VK_UP, kDown = platform::VK_DOWN, kLeft = platform::VK_LEFT,
+                        kRight = platform::VK_RIGHT, kEnter = platform::VK_RETURN;
+
+TEST_F(MazeTest, OnlyRealStepsCountAndTheFirstEncounterComesAfterFifteenToTwentyFour) {
+  MazeScreen* maze = Enter("walk.dat");
+  ASSERT_NE(maze, nullptr);
+  EXPECT_EQ(maze->playerCell, (MazeCell{6, 8}));
+  const int countdown = maze->stepsToEncounter;
+  EXPECT_GE(countdown, 15);
+  EXPECT_LE(countdown, 24);
+
+  Key(kLeft);  // off the grid
+  EXPECT_EQ(maze->playerCell, (MazeCell{6, 8}));
+  // A second request while the first step is animating is dropped.
+  game->backend.KeyPress(kRight);
+  game->backend.KeyPress(kUp);
+  game->RunFor(300);
+  EXPECT_EQ(maze->playerCell, (MazeCell{6, 7}));
+  EXPECT_EQ(maze->facing, 0);
+  Keys({kUp, kLeft});  // (5, 7), then a wall
+  EXPECT_EQ(maze->playerCell, (MazeCell{5, 7}));
+  EXPECT_EQ(maze->previousCell, (MazeCell{6, 7}));
+  EXPECT_EQ(maze->facing, 2);
+  EXPECT_EQ(maze->stepsToEncounter, countdown - 2);
+
+  // Up the corridor into area a, then back and forth until a Kindrel attacks.
+  int counted = 2;
+  Keys({kRight, kRight, kRight, kUp});
+  counted += 4;
+  for (int i = 0; Top() == "MAZE MODE" && i < 40; ++i) {
+    const MazeCell before = maze->playerCell;
+    Key(i % 2 == 0 ? kRight : kLeft);
+    ++counted;
+    if (Top() == "COMBAT MODE") EXPECT_EQ(maze->playerCell, before) << "the step is taken back";
+  }
+  ASSERT_EQ(Top(), "COMBAT MODE");
+  EXPECT_EQ(counted, countdown);
+  CombatMode* combat = Combat();
+  EXPECT_LE(combat->opponent->species->index, 6);
+  EXPECT_LE(combat->opponent->level, 2);
+  EXPECT_EQ(combat->catchAllowed, 1);
+  EXPECT_EQ(combat->playerX, 168.0f) << "an area without COMBATLOC leaves the combat its own places";
+
+  // A retreat: back in the maze where the figure stood, counting anew.
+  for (int t = 0; t < 100 && combat->phase != kPhaseWaiting; ++t) game->RunFor(100);
+  game->backend.LeftClick(590, 357);
+  game->RunFor(3000);
+  EXPECT_EQ(Top(), "MAZE MODE");
+  EXPECT_EQ(combatResult, 2);
+  EXPECT_GE(maze->stepsToEncounter, 15);
+  EXPECT_LE(maze->stepsToEncounter, 24);
+}
+
+TEST_F(MazeTest, EncountersDrawFromTheLastAreaAndOutsideEveryAreaTheCountRestartsSilently) {
+  MazeScreen* maze = Enter("walk.dat");
+  Keys({kRight, kUp, kRight, kRight});  // (5, 5): no area
+  maze->stepsToEncounter = 1;
+  Key(kDown);
+  EXPECT_EQ(Top(), "MAZE MODE");
+  EXPECT_EQ(maze->playerCell, (MazeCell{6, 5}));
+  EXPECT_GE(maze->stepsToEncounter, 15);
+  EXPECT_LE(maze->stepsToEncounter, 24);
+
+  // Many encounters at once, each taken back at once.
+  auto meet = [&](MazeCell from, int dx, int dy) {
+    maze->playerCell = from;
+    maze->walking = 0;
+    maze->stepsToEncounter = 1;
+    maze->StepRequest(dx, dy, 0);
+    auto* combat = dynamic_cast<CombatMode*>(pendingScreen);
+    EXPECT_NE(combat, nullptr);
+    EXPECT_EQ(maze->playerCell, from);
+    EXPECT_EQ(maze->walking, 0);
+    const std::pair<int, int> met{combat ? combat->opponent->species->index : -1, combat ? combat->opponent->level : -1};
+    delete pendingScreen;
+    pendingScreen = nullptr;
+    maze->state = kStateNone;
+    combatResult = 2;
+    return met;
+  };
+  std::set<int> species, levels;
+  for (int i = 0; i < 100; ++i) {
+    const auto [s, level] = meet({4, 4}, 0, -1);
+    species.insert(s);
+    levels.insert(level);
+  }
+  EXPECT_EQ(species, (std::set<int>{0, 1, 2, 3, 4, 5, 6})) << "both ends of the species range";
+  EXPECT_EQ(levels, (std::set<int>{1, 2})) << "never the top of the level range";
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(meet({3, 4}, 0, -1), (std::pair<int, int>{30, 5})) << "b lies over a";
+}
+
+TEST_F(MazeTest, AWonCombatKeepsTheWalkAndALostOneEndsIt) {
+  thePlayer.party[0] = Kindrel::Create(35, 60);
+  MazeScreen* maze = Enter("walk.dat");
+  Keys({kRight, kUp, kRight, kRight, kRight});  // (5, 4)
+  maze->stepsToEncounter = 1;
+  Key(kUp);  // into a
+  ASSERT_EQ(Top(), "COMBAT MODE");
+  FightToTheEnd();
+  EXPECT_EQ(combatResult, 0);
+  EXPECT_EQ(Top(), "MAZE MODE");
+  EXPECT_EQ(maze->playerCell, (MazeCell{5, 4}));
+
+  thePlayer.party[0] = Kindrel::Create(4, 1);
+  maze->stepsToEncounter = 1;
+  maze->playerCell = {3, 4};
+  Key(kRight);  // into b: a level-5 Buttaree
+  ASSERT_EQ(Top(), "COMBAT MODE");
+  FightToTheEnd();
+  EXPECT_EQ(combatResult, 1);
+  EXPECT_EQ(Top(), "MAP_MODE");
+}
+
+TEST_F(MazeTest, EventsShowTheirTextsLockTheirCellsAndGiveTheirItems) {
+  MazeScreen* maze = Enter("walk.dat");
+  Keys({kRight, kUp, kRight, kRight, kRight, kRight, kRight});  // (5, 2)
+  const int countdown = maze->stepsToEncounter;
+  Key(kDown);  // M: a sign
+  ASSERT_EQ(Top(), "EVENT MODE");
+  auto* event = static_cast<EventScreen*>(currentScreen);
+  EXPECT_STREQ(event->ShownText(), "A signpost: the path goes on to the north.");
+  Key(kEnter);
+  EXPECT_EQ(Top(), "MAZE MODE");
+  EXPECT_EQ(maze->playerCell, (MazeCell{6, 2}));
+  EXPECT_EQ(maze->walking, 0) << "the step ran to its end";
+  EXPECT_EQ(maze->stepsToEncounter, countdown) << "an event's step is not counted";
+
+  Keys({kDown, kDown});  // K, without a key
+  ASSERT_EQ(Top(), "EVENT MODE");
+  EXPECT_STREQ(static_cast<EventScreen*>(currentScreen)->ShownText(), "The gate is locked.");
+  Key(kEnter);
+  EXPECT_EQ(maze->playerCell, (MazeCell{7, 2})) << "back on the cell before";
+  EXPECT_TRUE(Items().empty());
+  // A held item whose name begins with the need opens the gate, in any letter case.
+  thePlayer.AddItem("KEY OF FIRE");
+  Key(kDown);
+  EXPECT_STREQ(static_cast<EventScreen*>(currentScreen)->ShownText(), "The gate swings open.");
+  Key(kEnter);
+  EXPECT_EQ(maze->playerCell, (MazeCell{8, 2}));
+
+  // G gives once; L's "Flute" is held already as "Flute of Wind"; f's "flute" is not.
+  Keys({kUp, kLeft, kLeft, kUp, kEnter, kDown, kUp, kEnter, kDown, kDown, kEnter});
+  EXPECT_EQ(maze->playerCell, (MazeCell{8, 4}));
+  Keys({kUp, kUp, kEnter, kUp, kRight, kRight, kRight});
+  ASSERT_EQ(Top(), "EVENT MODE");
+  EXPECT_STREQ(static_cast<EventScreen*>(currentScreen)->ShownText(), "A small flute, hidden in the moss.");
+  Key(kEnter);
+  EXPECT_EQ(Items(), (std::vector<std::string>{"KEY OF FIRE", "Gate Pass", "Flute of Wind", "flute"}));
+}
+
+TEST_F(MazeTest, ExitsTheViewAndTheMouse) {
+  MazeScreen* maze = Enter("walk.dat");
+  EXPECT_EQ(maze->grid.originX, 2 * 54 + 320) << "centred on the start";
+  EXPECT_EQ(maze->grid.originY, 240 - 14 * 14);
+  // The cell under the pointer and the direction to it.
+  int sx, sy;
+  maze->ScreenPoint({6, 6}, &sx, &sy);
+  game->backend.MouseMove(sx, sy - 14);
+  game->RunFor(50);
+  EXPECT_EQ(maze->cursorCell, (MazeCell{6, 6}));
+  EXPECT_EQ(maze->pointerDirection, 0);
+  maze->ScreenPoint({7, 8}, &sx, &sy);
+  game->backend.MouseMove(sx, sy - 14);
+  game->RunFor(50);
+  EXPECT_EQ(maze->pointerDirection, 2);
+
+  // Holding the left button walks toward the pointer, step after step, until a wall; near
+  // the edge of the screen the view centres on the figure again.
+  Key(kRight);  // (6, 7)
+  maze->ScreenPoint({2, 7}, &sx, &sy);
+  game->backend.MouseMove(sx, sy - 14);
+  game->backend.Queue(platform::WM_LBUTTONDOWN, 1, platform::PackPoint(sx, sy - 14));
+  game->RunFor(2500);
+  game->backend.Queue(platform::WM_LBUTTONUP, 0, platform::PackPoint(sx, sy - 14));
+  game->RunFor(300);
+  EXPECT_EQ(maze->playerCell, (MazeCell{1, 7}));
+  EXPECT_EQ(maze->facing, 2);
+  EXPECT_EQ(maze->grid.originX, (7 - 1) * 54 + 320);
+  EXPECT_EQ(maze->grid.originY, 240 - 8 * 14);
+
+  // A right-button drag moves the whole maze with the pointer; the next step far off the
+  // middle centres the view again.
+  game->backend.Queue(platform::WM_RBUTTONDOWN, 2, platform::PackPoint(300, 300));
+  game->backend.MouseMove(500, 250);
+  game->backend.Queue(platform::WM_RBUTTONUP, 0, platform::PackPoint(500, 250));
+  game->RunFor(100);
+  EXPECT_EQ(maze->grid.originX, (7 - 1) * 54 + 320 + 200);
+  EXPECT_EQ(maze->grid.originY, 240 - 8 * 14 - 50);
+  Key(kDown);  // (2, 7), now at sx > 512
+  EXPECT_EQ(maze->grid.originX, (7 - 2) * 54 + 320);
+  EXPECT_EQ(maze->grid.originY, 240 - 9 * 14);
+  EXPECT_EQ(maze->cursorCell, (MazeCell{2, 7}));
+
+  // The other exit leaves too.
+  Keys({kDown, kDown, kRight});  // (4, 6)
+  EXPECT_EQ(Top(), "MAP_MODE");
+}
+
+TEST_F(MazeTest, EnterShowsTheFirstKindrelWhileTheAmbientSoundPlaysOn) {
+  Start(HeadlessGame::Sound::On);
+  Enter("walk.dat");
+  auto& audio = game->backend.AudioOutput();
+  auto loopingPlays = [&] {
+    std::vector<int> buffers;
+    for (const auto& call : audio.CallsOf(Request::Play))
+      if (call.value == 1) buffers.push_back(call.buffer);
+    return buffers;
+  };
+  ASSERT_FALSE(loopingPlays().empty());
+  const int ambient = loopingPlays().back();
+  EXPECT_TRUE(audio.IsPlaying(ambient));
+  const std::size_t plays = loopingPlays().size();
+  game->backend.MouseMove(600, 100);  // far from the invisible party button
+  Key(kEnter);
+  ASSERT_EQ(Top(), "INSPECT_MODE");
+  EXPECT_TRUE(audio.IsPlaying(ambient));
+  game->backend.LeftClick(590, 355);  // EXIT
+  game->RunFor(100);
+  EXPECT_EQ(Top(), "MAZE MODE");
+  EXPECT_TRUE(audio.IsPlaying(ambient));
+  EXPECT_EQ(loopingPlays().size(), plays) << "the ambient sound was not started again";
+  Key(kRight);
+  Key(kLeft);  // back onto the start: the walk ends, and its sound with it
+  EXPECT_EQ(Top(), "MAP_MODE");
+  EXPECT_TRUE(audio.Buffers().at(static_cast<std::size_t>(ambient - 1)).released);
+}
+
+TEST_F(MazeTest, TheMapOpensAMazeForAFighterAndAnAreaThatCannotBeWalkedIsToldAndLeft) {
+  const auto empty = std::filesystem::temp_directory_path() / ("quarnwick-maze-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(empty);
+  platform::SetDataRoot(empty.string());
+  thePlayer.party[0]->hitPoints = 0;
+  game->backend.LeftClick(320, 242);
+  game->RunFor(100);
+  EXPECT_EQ(Top(), "MAP_MODE") << "nobody can fight";
+  thePlayer.party[0]->hitPoints = 3;
+  testing::internal::CaptureStderr();
+  game->backend.LeftClick(320, 242);
+  game->RunFor(200);
+  const std::string said = testing::internal::GetCapturedStderr();
+  ASSERT_EQ(Top(), "INFO_MODE");
+  const std::string text = "Genwood Forest cannot be entered: dat/genwood.dat is missing.";
+  EXPECT_EQ(static_cast<MessageScreen*>(currentScreen)->text, text);
+  EXPECT_NE(said.find(text), std::string::npos);
+  Key(kEnter);
+  EXPECT_EQ(Top(), "MAP_MODE");
+  std::filesystem::remove_all(empty);
+
+  platform::SetDataRoot(QUARNWICK_BUILD_DIR);
+  testing::internal::CaptureStderr();
+  Enter("noexit.dat");
+  testing::internal::GetCapturedStderr();
+  ASSERT_EQ(Top(), "INFO_MODE");
+  EXPECT_EQ(static_cast<MessageScreen*>(currentScreen)->text,
+            "Genwood Forest cannot be entered: " + path + " has no exit.");
+}
+
+}  // namespace
