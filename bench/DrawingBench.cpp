@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "BenchGame.h"
 #include "graphics/Blit.h"
 #include "graphics/Picture.h"
 #include "graphics/Text.h"
@@ -15,30 +16,6 @@
 #include "shell/Globals.h"
 
 namespace {
-
-// A full-screen game on the headless backend for the length of one benchmark.
-class BenchGame {
- public:
-  BenchGame() {
-    platform::SetDataRoot(QUARNWICK_BUILD_DIR);
-    platform::InstallBackend(&backend);
-    application.StartUp("", [] { return new GameMode(1, "IDLE"); });
-  }
-  ~BenchGame() {
-    application.ShutDown();
-    platform::InstallBackend(nullptr);
-  }
-  platform::HeadlessBackend backend;
-  Application application;
-};
-
-// A picture with every pixel set, a quarter of them to the key.
-void Fill(Picture& picture, int w, int h) {
-  picture.CreateBlank(w, h);
-  for (int y = 0; y < h; ++y)
-    for (int x = 0; x < w; ++x)
-      picture.surface->Pixels()[y * picture.surface->Pitch() + x] = (x + y) % 4 ? static_cast<std::uint16_t>(x * 97 + y) : 0;
-}
 
 void FullScreenOpaque(benchmark::State& state) {
   BenchGame game;

@@ -7,6 +7,7 @@
 #include "graphics/Text.h"
 #include "platform/Window.h"
 #include "screens/Frame.h"
+#include "screens/MenuInput.h"
 #include "shell/Globals.h"
 #include "world/AreaFile.h"
 
@@ -55,21 +56,9 @@ int EventScreen::Tick(std::uint32_t) {
 }
 
 LResult EventScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
-  const int x = platform::PointX(lParam), y = platform::PointY(lParam);
-  switch (message) {
-    case platform::WM_MOUSEMOVE: widgets.HitTest(x, y); break;
-    case platform::WM_LBUTTONDOWN:
-    case platform::WM_RBUTTONDOWN:
-      if (widgets.HitTest(x, y) != kHitNothing) Action();
-      break;
-    case platform::WM_KEYDOWN:
-      if (wParam == platform::VK_RETURN || wParam == platform::VK_SPACE) Action();
-      if (wParam == platform::VK_UP || wParam == platform::VK_DOWN) {
-        widgets.Cycle(wParam == platform::VK_UP ? kCyclePrevious : kCycleNext);
-        platform::InvalidateRect(window);
-      }
-      break;
-  }
+  const MenuInput input = ReadMenuInput(widgets, message, wParam, lParam);
+  if (input.action != MenuAction::None) Action();
+  if (message == platform::WM_KEYDOWN && input.moved) platform::InvalidateRect(window);
   return 0;
 }
 
