@@ -17,7 +17,7 @@ struct ReadFile {
   explicit ReadFile(const std::string& content) {
     PreScanArea(content, &width, &height);
     grid.Create(width, height);
-    ReadArea(content, grid, entries, values);
+    ReadArea(content, grid, entries, values, &repairs);
     for (ScreenObject* entry = entries.First(); entry; entry = entries.Next()) order.push_back(entry);
   }
   MazeEvent* Event(int i) { return dynamic_cast<MazeEvent*>(order.at(i)); }
@@ -32,6 +32,7 @@ struct ReadFile {
   MazeGrid grid;
   List entries;
   AreaValues values;
+  AreaRepairs repairs;
   std::vector<ScreenObject*> order;
 };
 
@@ -82,6 +83,7 @@ TEST(AreaFileTest, TheWorkedExampleReadsAsTheGrammarSays) {
   EXPECT_EQ(std::vector<int>(file.values.combatPositions, file.values.combatPositions + 4),
             (std::vector<int>{160, 300, 480, 300}));
   for (std::uint8_t flag : file.grid.visible) EXPECT_EQ(flag, 1);
+  EXPECT_EQ(file.repairs.rowsCut + file.repairs.rowsShort + file.repairs.rowsUnended + file.repairs.oneCellAreas, 0);
 }
 
 TEST(AreaFileTest, KeywordsCommentsRowsAndAreasOfEveryShape) {
@@ -130,6 +132,9 @@ TEST(AreaFileTest, KeywordsCommentsRowsAndAreasOfEveryShape) {
             (std::vector<int>{1, 2, 0, 0}))
       << "numbers after an unreadable one keep their values";
   EXPECT_STREQ(file.values.combatBackground, "dat\\comback-scar-for.bmp");
+  EXPECT_EQ(file.repairs.rowsCut, 1);
+  EXPECT_EQ(file.repairs.rowsShort, 1);
+  EXPECT_EQ(file.repairs.oneCellAreas, 1);
 }
 
 TEST(AreaFileTest, ReadsAreBoundedAndALastLineWithoutItsEndLosesACharacter) {
@@ -137,6 +142,7 @@ TEST(AreaFileTest, ReadsAreBoundedAndALastLineWithoutItsEndLosesACharacter) {
   ReadFile cut(TestArea("noexit-end.dat"));
   EXPECT_EQ(cut.width, 1);
   EXPECT_EQ(cut.Row(1), "1");
+  EXPECT_EQ(cut.repairs.rowsUnended, 1);
   int x, y;
   EXPECT_FALSE(FindStartCell(cut.grid, &x, &y));
 

@@ -103,7 +103,7 @@ std::int32_t SymbolOf(char c) { return static_cast<signed char>(c); }
 
 class AreaReader {
  public:
-  AreaReader(MazeGrid& g, List& e, AreaValues& v) : grid(g), entries(e), values(v) {}
+  AreaReader(MazeGrid& g, List& e, AreaValues& v, AreaRepairs& r) : grid(g), entries(e), values(v), repairs(r) {}
 
   void Read(const Line& line) {
     const std::string_view arg = line.argument;
@@ -140,6 +140,7 @@ class AreaReader {
     FinishEvent();
     FinishArea();
     PlaceEntries();
+    CountOneCellAreas();
     std::fill(grid.visible.begin(), grid.visible.end(), 1);
   }
 
@@ -148,7 +149,11 @@ class AreaReader {
     ++row;
     if (row >= grid.height) return;
     // The last character is the line end (or, on a last line without one, is lost).
-    const std::size_t length = std::min<std::size_t>(arg.size() - 1, static_cast<std::size_t>(grid.width));
+    const std::size_t cells = arg.size() - 1, width = static_cast<std::size_t>(grid.width);
+    repairs.rowsUnended += arg.back() != '\n';
+    repairs.rowsCut += cells > width;
+    repairs.rowsShort += cells < width;
+    const std::size_t length = std::min(cells, width);
     for (std::size_t x = 0; x < length; ++x) grid.Cell(static_cast<int>(x), row) = SymbolOf(arg[x]);
   }
 
@@ -185,6 +190,13 @@ class AreaReader {
     }
   }
 
+  void CountOneCellAreas() {
+    for (ScreenObject* entry = entries.First(); entry; entry = entries.Next()) {
+      const auto* area = dynamic_cast<EncounterArea*>(entry);
+      if (area && area->left != -1 && area->left == area->right && area->top == area->bottom) ++repairs.oneCellAreas;
+    }
+  }
+
   static void Place(ScreenObject* entry, std::int32_t symbol, int x, int y) {
     if (auto* e = dynamic_cast<MazeEvent*>(entry); e && e->Symbol() == symbol) {
       e->x = x;
@@ -202,6 +214,7 @@ class AreaReader {
   MazeGrid& grid;
   List& entries;
   AreaValues& values;
+  AreaRepairs& repairs;
   std::unique_ptr<MazeEvent> event;
   std::unique_ptr<EncounterArea> area;
   int row = -1;
@@ -238,8 +251,9 @@ void PreScanArea(std::string_view content, int* width, int* height) {
   *height = rows;
 }
 
-void ReadArea(std::string_view content, MazeGrid& grid, List& entries, AreaValues& values) {
-  AreaReader reader(grid, entries, values);
+void ReadArea(std::string_view content, MazeGrid& grid, List& entries, AreaValues& values, AreaRepairs* repairs) {
+  AreaRepairs ignored;
+  AreaReader reader(grid, entries, values, repairs ? *repairs : ignored);
   ForEachLine(content, [&](const Line& line) { reader.Read(line); });
   reader.Finish();
 }

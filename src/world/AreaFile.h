@@ -86,14 +86,23 @@ struct AreaValues {
   char combatBackground[128] = "dat\\comback-scar-for.bmp";
 };
 
+// What the reader had to make of a file beyond its grammar; all 0 for a well-made file.
+struct AreaRepairs {
+  int rowsCut = 0;       // rows longer than the grid's width, cut at it
+  int rowsShort = 0;     // rows shorter than the width, the rest of them walls
+  int rowsUnended = 0;   // ROW lines without a line end, which lose their last character
+  int oneCellAreas = 0;  // area symbols found in one cell only
+};
+
 // Counts the ROW lines (height); the last ROW line's argument without its line end gives
 // the width.
 void PreScanArea(std::string_view content, int* width, int* height);
 
 // Fills the grid (created at the pre-scan's size), appends the events and areas to the
 // entries in the order in which they were finished, places them by the cell pass, makes
-// every cell visible and sets the maze-wide values.
-void ReadArea(std::string_view content, MazeGrid& grid, List& entries, AreaValues& values);
+// every cell visible and sets the maze-wide values. Counts the repairs when asked.
+void ReadArea(std::string_view content, MazeGrid& grid, List& entries, AreaValues& values,
+              AreaRepairs* repairs = nullptr);
 
 // The start: the last exit cell in row-major order. False when the grid has none.
 bool FindStartCell(const MazeGrid& grid, int* x, int* y);
