@@ -48,7 +48,7 @@ class MazeTest : public ::testing::Test {
   void TearDown() override {
     game.reset();
     thePlayer.ReleaseParty();
-    while (ScreenObject* item = thePlayer.items.First()) delete thePlayer.items.Remove(item);
+    thePlayer.ClearItems();
     for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
     platform::SetDataRoot("");
   }

@@ -68,3 +68,10 @@ void PlayerRecord::ClearPartyStatus() {
 }
 
 void PlayerRecord::AddItem(const char* text) { items.Append(new Item(text)); }
+
+void PlayerRecord::ClearItems() {
+  while (ScreenObject* item = items.First()) {
+    items.Remove(item);
+    delete item;
+  }
+}

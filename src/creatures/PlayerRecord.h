@@ -51,6 +51,8 @@ class PlayerRecord {
   void ClearPartyStatus();
   // Appends an item with the text to the end of the list.
   void AddItem(const char* text);
+  // Deletes every item.
+  void ClearItems();
 
   std::unique_ptr<Kindrel> party[kPartySize];
   LocationInfo* currentLocation = nullptr;

@@ -198,10 +198,7 @@ void ApplySavedGame(const SavedGame& game, PlayerRecord& record) {
   record.playerIsMale = game.playerIsMale;
   record.textSpeed = game.textSpeed;
   record.firstCatchDone = game.firstCatchDone;
-  while (ScreenObject* item = record.items.First()) {
-    record.items.Remove(item);
-    delete item;
-  }
+  record.ClearItems();
   for (const std::string& name : game.items) record.AddItem(name.c_str());
 }
 
