@@ -30,6 +30,9 @@ std::string DataRoot() {
     std::error_code error;
     const std::string beside = ExecutableFolder();
     if (std::filesystem::is_directory(beside + "/dat", error)) return beside;
+    // Installed: bin/quarnwick finds share/quarnwick beside bin/, wherever the prefix is.
+    const std::string installed = beside + "/../share/quarnwick";
+    if (std::filesystem::is_directory(installed + "/dat", error)) return installed;
     return std::string(QUARNWICK_INSTALLED_DATA);
   }();
   return found;

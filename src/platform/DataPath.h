@@ -1,7 +1,8 @@
 #pragma once
 // Where the game's data files are. The game names them as "dat\name.bmp": backslashes
 // become slashes, and the name is looked up under the data root, the folder holding dat/
-// beside the executable, else the installed data folder.
+// beside the executable, else share/quarnwick beside the executable's bin/ folder (an
+// installed game, wherever it was installed), else the data folder of the default prefix.
 #include <string>
 
 namespace platform {

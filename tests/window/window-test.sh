@@ -9,48 +9,15 @@ game="$1"
 closer="$2"
 work="$3"
 mkdir -p "$work"
-fail() { echo "window test: $*" >&2; exit 1; }
-
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
-xvfb=$!
-trap 'kill "$xvfb" 2>/dev/null; kill "$pid" 2>/dev/null' EXIT
-for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
-[ -s "$work/display" ] || fail "Xvfb did not start"
-export DISPLAY=":$(cat "$work/display")"
+. "$(dirname "$0")/xvfb.sh"
+start_xvfb
 export XDG_DATA_HOME="$work/xdg"
 rm -rf "$XDG_DATA_HOME"
 export SDL_AUDIODRIVER=disk
 export SDL_DISKAUDIOFILE="$work/audio.raw"
-# LeakSanitizer's exit-time scan crashes among the X and GL driver threads of a real
-# window; leaks are checked by the headless tests, memory errors stay checked here.
-export ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
 
-start() {
-  "$game" -F >"$work/game.log" 2>&1 &
-  pid=$!
-  timeout 20 xdotool search --sync --name '^Quarnwick$' >/dev/null || fail "no window appeared"
-  sleep 1.5
-}
-# Waits for the game to end; sets code to its exit code.
-finish() {
-  for _ in $(seq 100); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
-  kill -0 "$pid" 2>/dev/null && fail "the game did not end"
-  wait "$pid"
-  code=$?
-}
-
-start
-# The first frame comes once start-up is through (slow under the sanitizers on a busy
-# machine): wait for it, up to half a minute.
-mean=0
-for _ in $(seq 60); do
-  import -window root "$work/screen.png" || fail "no screenshot"
-  mean=$(convert "$work/screen.png" -format '%[fx:mean]' info:)
-  awk -v m="$mean" 'BEGIN { exit !(m > 0.02) }' && break
-  sleep 0.5
-done
-echo "mean brightness of the screen: $mean"
-awk -v m="$mean" 'BEGIN { exit !(m > 0.02) }' || fail "the screen is black"
+start_game "$game" -F
+wait_for_picture
 window=$(xdotool search --name '^Quarnwick$' | head -1)
 xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
 
@@ -106,7 +73,7 @@ xdotool key --window "$window" F12
 finish
 [ "$code" = 0 ] || fail "F12 ended the game with exit code $code"
 
-start
+start_game "$game" -F
 "$closer" Quarnwick || fail "could not close the window"
 finish
 [ "$code" = 0 ] || fail "closing the window ended the game with exit code $code"

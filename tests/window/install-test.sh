@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# The game installed into a temporary prefix as a Linux game, and started from another
+# folder in a real window under Xvfb: it finds its data from the prefix and shows the main
+# menu, and F12 ends it with exit code 0.
+# Usage: install-test.sh BUILD WORKDIR
+set -uo pipefail
+build="$1"
+work="$2"
+test_name="install test"
+rm -rf "$work"
+mkdir -p "$work/elsewhere"
+. "$(dirname "$0")/xvfb.sh"
+
+prefix="$work/prefix"
+cmake --install "$build" --prefix "$prefix" >"$work/install.log" || fail "cmake --install failed"
+for file in bin/quarnwick share/quarnwick/help.dat share/quarnwick/dat/back1.bmp share/quarnwick/dat/genwood.dat \
+    share/applications/quarnwick.desktop share/metainfo/org.quarnwick.quarnwick.metainfo.xml \
+    share/icons/hicolor/scalable/apps/quarnwick.svg share/icons/hicolor/256x256/apps/quarnwick.png; do
+  [ -e "$prefix/$file" ] || fail "$file was not installed"
+done
+[ "$(identify -format '%wx%h' "$prefix/share/icons/hicolor/256x256/apps/quarnwick.png")" = 256x256 ] ||
+  fail "the icon is not 256 x 256"
+
+start_xvfb
+export SDL_AUDIODRIVER=dummy
+cd "$work/elsewhere" || fail "no folder to start from"
+start_game "$prefix/bin/quarnwick" -F
+wait_for_picture
+# The main menu: its background and buttons, not the black of a game without its data.
+awk -v m="$mean" 'BEGIN { exit !(m > 0.05) }' || fail "the main menu does not show"
+xdotool key --window "$(xdotool search --name '^Quarnwick$' | head -1)" F12
+finish
+[ "$code" = 0 ] || fail "F12 ended the game with exit code $code"
+echo "install test passed"
