@@ -5,6 +5,7 @@
 
 #include "platform/Cp1252.h"
 #include "platform/SdlAudio.h"
+#include "platform/SdlGamepads.h"
 #include "platform/Surface.h"
 #include "platform/Window.h"
 
@@ -70,6 +71,7 @@ WParam MouseButtons() {
 
 struct SdlBackend::Impl {
   SdlAudio audio;
+  std::unique_ptr<SdlGamepads> gamepads;
   SDL_Window* window = nullptr;
   SDL_Renderer* renderer = nullptr;
   SDL_Texture* texture = nullptr;
@@ -108,7 +110,8 @@ struct SdlBackend::Impl {
     Redraw();
   }
 
-  void Translate(const SDL_Event& e) {
+  void Translate(const SDL_Event& e, std::uint32_t now) {
+    if (gamepads && gamepads->Handle(e, now)) return;
     switch (e.type) {
       case SDL_QUIT:
         PostInput(WM_CLOSE, 0, 0);
@@ -194,6 +197,7 @@ OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int heigh
   s.texture = SDL_CreateTexture(s.renderer, SDL_PIXELFORMAT_RGB565, SDL_TEXTUREACCESS_STREAMING, width, height);
   if (!s.texture) return OpenResult::NoSurface;
   SDL_StartTextInput();
+  if (!s.gamepads) s.gamepads = std::make_unique<SdlGamepads>();
   s.Redraw();
   return OpenResult::Ok;
 }
@@ -206,6 +210,7 @@ void SdlBackend::CloseWindow() {
   s.texture = nullptr;
   s.renderer = nullptr;
   s.window = nullptr;
+  s.gamepads.reset();
 }
 
 void SdlBackend::ShowFrame(const Surface& frame) {
@@ -218,7 +223,9 @@ void SdlBackend::ShowFrame(const Surface& frame) {
 void SdlBackend::PollInput() {
   if (!impl->videoStarted) return;
   SDL_Event e;
-  while (SDL_PollEvent(&e)) impl->Translate(e);
+  const std::uint32_t now = TickCount();
+  while (SDL_PollEvent(&e)) impl->Translate(e, now);
+  if (impl->gamepads) impl->gamepads->Update(now);
 }
 
 void SdlBackend::WaitInput(std::uint32_t timeoutMs) {
@@ -226,7 +233,9 @@ void SdlBackend::WaitInput(std::uint32_t timeoutMs) {
     SDL_Delay(timeoutMs);
     return;
   }
-  const int limit = timeoutMs > 1000 ? 1000 : static_cast<int>(timeoutMs);
+  // A tilted stick or a held D-pad moves on without device events.
+  const std::uint32_t longest = impl->gamepads && impl->gamepads->Busy() ? 15 : 1000;
+  const int limit = static_cast<int>(timeoutMs > longest ? longest : timeoutMs);
   SDL_WaitEventTimeout(nullptr, limit);
 }
 
