@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The real game in a real window under Xvfb: it starts, shows a frame that is not black,
 # clicks when a button is clicked (heard through SDL's disk audio driver), saves a new game
-# through the real dialog and loads it back with the same party, quits on F12 with exit
+# through the real dialog and loads it back with the same party, walks into Genwood Forest
+# and out through its entrance, quits on F12 with exit
 # code 0, and quits the same way when its close button is used.
 # Usage: window-test.sh GAME CLOSE-WINDOW WORKDIR
 set -uo pipefail
@@ -68,6 +69,21 @@ strip "$work/strip-loaded.png"
 differing=$(compare -metric AE "$work/strip-saved.png" "$work/strip-loaded.png" null: 2>&1 || true)
 echo "party strip pixels that differ after the load: $differing"
 [ "$differing" = 0 ] || fail "the loaded game does not show the saved party"
+
+# Into Genwood Forest, one step up the path with the arrow keys and back onto the
+# entrance, which leads out again: the map shows its party strip once more.
+click 320 242 2
+strip "$work/strip-maze.png"
+differing=$(compare -metric AE "$work/strip-loaded.png" "$work/strip-maze.png" null: 2>&1 || true)
+echo "pixels of the strip's place that differ in the maze: $differing"
+[ "$differing" != 0 ] || fail "Genwood Forest did not open"
+key Right
+key Left
+sleep 2
+strip "$work/strip-back.png"
+differing=$(compare -metric AE "$work/strip-loaded.png" "$work/strip-back.png" null: 2>&1 || true)
+echo "party strip pixels that differ after the walk: $differing"
+[ "$differing" = 0 ] || fail "the walk did not lead back to the map"
 
 xdotool key --window "$window" F12
 finish
