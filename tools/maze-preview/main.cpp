@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "PngFile.h"
@@ -175,11 +176,12 @@ int HolesInBlock(const Picture& tile, int cells) {
 bool Preview(const fs::path& dat, const fs::path& out, const std::string& area) {
   Pictures p;
   p.arrows.resize(4);
-  bool loaded = Load(dat, area + "-wall.bmp", p.wall) & Load(dat, area + "-floor.bmp", p.floor) &
-                Load(dat, "maze-point.bmp", p.marker) & Load(dat, "maze-point2.bmp", p.ring) &
-                Load(dat, "maze-ladder.bmp", p.ladder) & Load(dat, "arrow-RU.bmp", p.arrows[0]) &
-                Load(dat, "arrow-LU.bmp", p.arrows[1]) & Load(dat, "arrow-RD.bmp", p.arrows[2]) &
-                Load(dat, "arrow-LD.bmp", p.arrows[3]);
+  const std::vector<std::pair<std::string, Picture*>> files = {
+      {area + "-wall.bmp", &p.wall},      {area + "-floor.bmp", &p.floor},  {"maze-point.bmp", &p.marker},
+      {"maze-point2.bmp", &p.ring},       {"maze-ladder.bmp", &p.ladder},   {"arrow-RU.bmp", &p.arrows[0]},
+      {"arrow-LU.bmp", &p.arrows[1]},     {"arrow-RD.bmp", &p.arrows[2]},   {"arrow-LD.bmp", &p.arrows[3]}};
+  bool loaded = true;
+  for (const auto& [name, into] : files) loaded = Load(dat, name, *into) && loaded;
   if (!loaded) return false;
   const std::string base = (out / area).string();
 
