@@ -70,7 +70,7 @@ struct Field {
       }
     }
   }
-  // The screen position of picture pixel (x, y) of cell (cx, cy)'s tile.
+  // What the field shows where cell (cx, cy)'s tile has its pixel (x, y).
   std::uint16_t At(const Picture& tile, int cx, int cy, int x, int y) const {
     const int left = originX + (cx - cy) * kStepX - tile.width / 2;
     const int top = originY + (cx + cy) * kStepY - tile.height;
