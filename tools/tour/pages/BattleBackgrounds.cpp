@@ -1,6 +1,7 @@
 // Tour pages of the six wild areas' battle backgrounds: each shows a combat waiting for the
-// player's choice, so that the two creatures, the panels, the spell buttons, the message
-// line and the party strip can all be judged against the picture behind them.
+// player's choice with all five spells known, so that the two creatures, the panels, the
+// spell buttons, the message line and the party strip can all be judged against the
+// picture behind them.
 #include <cstdlib>
 
 #include "Tour.h"
@@ -14,7 +15,7 @@ namespace {
 Application::FirstScreenFactory BattleOn(const char* background, int species, int opponent) {
   return [=] {
     thePlayer.NewGameReset();
-    thePlayer.party[0] = Kindrel::Create(species, 6);
+    thePlayer.party[0] = Kindrel::Create(species, 13);
     thePlayer.party[1] = Kindrel::Create(9, 6);
     thePlayer.party[2] = Kindrel::Create(23, 4);
     auto** list = static_cast<SpeciesInfo**>(std::malloc(sizeof(SpeciesInfo*)));
