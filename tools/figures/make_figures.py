@@ -64,14 +64,13 @@ FRAMES = [
     Frame(-0.12, 0, 0.6, 0.0, 0.3),
 ]
 
-STRIDE = 5.2          # how far a foot moves along the walking axis, in pixels
-AXIS_DROP = 0.26      # the walking axis falls 14 px for 54 across
-FOOT_DROP = 0.1       # a foot stepping forward lands only a little lower: it stays on the canvas
+STRIDE = 5.2       # how far a foot moves across along the walking axis, in pixels
+FOOT_DROP = 0.1    # and down per pixel across: less than the axis' 14 in 54, so that a
+                   # foot stepping toward the viewer stays on the canvas
+NEAR_DROP = 0.25   # the near side of the body stands a little lower on the screen
 ARM_SWING = 4.2
-HIP_Y = 38.6
-ANKLE_Y = 60.0  # the soles of the standing feet on the bottom row
+ANKLE_Y = 60.0     # the standing soles end on the bottom row
 SHOULDER_Y = 25.4
-NEAR_DROP = 0.25  # the near side of the body stands a little lower on the screen
 
 
 def f(v):
@@ -116,9 +115,9 @@ def outlined(tag, colours, width=OUTLINE, fill_index=0):
     return '<%s fill="%s" stroke="%s" stroke-width="%s"/>' % (tag, colours[fill_index], colours[3], f(width))
 
 
-def direction(front):
-    """The walking direction on the screen: (across, down) per unit along the axis."""
-    return (-1.0, AXIS_DROP) if front else (1.0, -AXIS_DROP)
+def forward(front):
+    """Which way the figure walks across the screen: left seen from the front."""
+    return -1.0 if front else 1.0
 
 
 def boot(ankle, knee, forward, colours):
@@ -133,16 +132,16 @@ def boot(ankle, knee, forward, colours):
             '<path d="M%s %s h1.4" stroke="%s" stroke-width="0.7" fill="none"/>' % (f(cx - 1.6), f(cy - 0.8), hl))
 
 
-def leg(figure, frame, front, near, hip_y, hip_side):
-    """One leg, hip to toe: the figure's trouser or stocking colour, then its boot."""
+def leg(figure, frame, front, near):
+    """One leg, hip to toe: the figure's trouser or skin colour, then its boot."""
     side = 1 if near else -1
-    fx, _ = direction(front)
-    hip = (16 + side * hip_side, hip_y + side * NEAR_DROP + frame.bob)
+    fx = forward(front)
+    x = 16 + side * figure.hip_side
+    hip = (x, figure.hip_y + side * NEAR_DROP + frame.bob)
     s = frame.swing * side
     lift = frame.lift_near if near else frame.lift_far
-    drop = FOOT_DROP if front else -FOOT_DROP
-    ankle = (16 + side * hip_side + s * STRIDE * fx, ANKLE_Y + side * NEAR_DROP + s * STRIDE * drop - lift)
-    length = (ANKLE_Y - hip_y) / 2
+    ankle = (x + s * STRIDE * fx, ANKLE_Y + side * NEAR_DROP - s * STRIDE * fx * FOOT_DROP - lift)
+    length = (ANKLE_Y - figure.hip_y) / 2
     knee = joint(hip, ankle, length, length, fx)
     return limb([hip, knee, ankle], figure.leg_width, figure.legs) + boot(ankle, knee, fx, BOOT)
 
@@ -150,7 +149,7 @@ def leg(figure, frame, front, near, hip_y, hip_side):
 def arm(figure, frame, front, near):
     """One arm, shoulder to hand, swinging against the leg on its side."""
     side = 1 if near else -1
-    fx, _ = direction(front)
+    fx = forward(front)
     shoulder = (16 + side * figure.shoulder_side, SHOULDER_Y + side * 0.4 + frame.bob)
     a = -frame.swing * side
     hand = (shoulder[0] + a * ARM_SWING * fx, shoulder[1] + 10.6 - abs(a) * 0.9)
@@ -198,7 +197,7 @@ class Boy:
     puff = None
     leg_width = 4.4
     shoulder_side = 5.4
-    hip_y = HIP_Y
+    hip_y = 38.6
     hip_side = 2.4
 
     JACKET = ('M10.2 25.4 C10.4 23.4 12.4 22.6 16 22.6 C19.6 22.6 21.6 23.4 21.8 25.4 L21.7 35.4 '
@@ -208,9 +207,9 @@ class Boy:
                  'L19.2 19.8 L17.8 22 L16.2 20.2 L14.4 22 L13 19.8 L11.2 21.2 L10.6 19.2 L8.8 19.4 '
                  'C7.6 17.6 7 15.6 7 13.4 Z')
 
-    def defs(self, frame):
-        return ('<clipPath id="jacket"><path d="%s"/></clipPath><clipPath id="backhair"><path d="%s"/></clipPath>'
-                % (self.JACKET, self.BACK_HAIR))
+    def defs(self, front, frame):
+        clips = '<clipPath id="jacket"><path d="%s"/></clipPath>' % self.JACKET
+        return clips + ('' if front else '<clipPath id="backhair"><path d="%s"/></clipPath>' % self.BACK_HAIR)
 
     def torso(self, front, frame):
         base, shadow, hl, line = RED
@@ -304,9 +303,9 @@ class Girl:
     BACK_HAIR = ('M7 13.2 C6.8 7.4 10.6 3.8 16 3.8 C21 3.8 24.4 7.2 24.2 12.4 C24.2 16 23.4 19.2 22 21.6 '
                  'C18 22.6 12 22.6 8.6 21.4 C7.6 19 7 16 7 13.2 Z')
 
-    def defs(self, frame):
-        return ('<clipPath id="dress"><path d="%s"/></clipPath><clipPath id="backhair"><path d="%s"/></clipPath>'
-                % (self.dress(frame.sway), self.BACK_HAIR))
+    def defs(self, front, frame):
+        clips = '<clipPath id="dress"><path d="%s"/></clipPath>' % self.dress(frame.sway)
+        return clips + ('' if front else '<clipPath id="backhair"><path d="%s"/></clipPath>' % self.BACK_HAIR)
 
     def torso(self, front, frame):
         base, shadow, hl, line = PURPLE
@@ -398,14 +397,14 @@ class Girl:
 
 def frame_svg(figure, front, frame, title):
     body = [arm(figure, frame, front, near=False),
-            leg(figure, frame, front, False, figure.hip_y, figure.hip_side),
-            leg(figure, frame, front, True, figure.hip_y, figure.hip_side)]
+            leg(figure, frame, front, False),
+            leg(figure, frame, front, True)]
     upper = figure.torso(front, frame) + figure.head(front, frame)
     body.append('<g transform="translate(0 %d)">' % frame.bob)
     body += ['  ' + u for u in upper]
     body.append('</g>')
     body.append(arm(figure, frame, front, near=True))
-    return svg(title, figure.defs(frame), body)
+    return svg(title, figure.defs(front, frame), body)
 
 
 SETS = [
