@@ -6,6 +6,7 @@
 
 #include "Tour.h"
 #include "creatures/PlayerRecord.h"
+#include "platform/Messages.h"
 #include "shell/Globals.h"
 #include "world/EventScreen.h"
 #include "world/MazeScreen.h"
@@ -31,9 +32,11 @@ void LookAround(TourGame& game) {
   game.RunFor(2000);
 }
 
-// The figure halfway through a step in the given facing, on the cell where it stands.
+// The figure one step into the area, then halfway through a step in the given facing.
 void MidStep(TourGame& game, int facing) {
   game.RunFor(300);
+  game.backend.KeyPress(platform::VK_RIGHT);
+  game.RunFor(400);
   auto* maze = dynamic_cast<MazeScreen*>(currentScreen);
   if (!maze) return;
   maze->previousCell = maze->playerCell;
