@@ -10,7 +10,10 @@
 #include <vector>
 
 #include "creatures/PlayerRecord.h"
+#include "graphics/Picture.h"
+#include "graphics/Text.h"
 #include "platform/DataPath.h"
+#include "screens/PlaceScreen.h"
 #include "shell/Globals.h"
 #include "support/BitmapBytes.h"
 #include "support/HeadlessGame.h"
@@ -30,6 +33,7 @@ class PlaceScreenFixture : public ::testing::Test {
   }
   // The game; the key pushes the place made by `make` above the map.
   void Start(std::uint32_t key, std::function<GameMode*()> make) {
+    visitKey = key;
     game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAP", &log); }, "-F",
                                           HeadlessGame::Sound::On);
     below->onMessage = [this, key, make](std::uint32_t message, WParam wParam, LParam) {
@@ -46,10 +50,23 @@ class PlaceScreenFixture : public ::testing::Test {
     platform::SetDataRoot("");
     std::filesystem::remove_all(folder);
   }
+  // Comes in from the map, with the pointer out of the way.
+  void Visit() {
+    Key(visitKey);
+    ASSERT_NE(currentScreen, below);
+    place = static_cast<PlaceScreen*>(currentScreen);
+    Do([&] { game->backend.MouseMove(630, 10); });
+  }
+  bool AtPlace() const { return currentScreen == place; }
+  std::uint32_t Lit() const { return place->widgets.current->GetId(); }
   void Do(const std::function<void()>& input) {
     input();
     game->RunFor(100);
   }
+  void Key(std::uint32_t key) { Do([&] { game->backend.KeyPress(key); }); }
+  void Click(int x, int y) { Do([&] { game->backend.LeftClick(x, y); }); }
+  void RightClick(int x, int y) { Do([&] { game->backend.RightClick(x, y); }); }
+  void ClickBox(int slot) { Click(6 + 105 * slot + 50, 420); }
   // How often the sound made from these samples was started.
   int Plays(const std::vector<int>& samples) const {
     using Request = platform::HeadlessAudio::Request;
@@ -64,9 +81,25 @@ class PlaceScreenFixture : public ::testing::Test {
     }
     return plays;
   }
+  // Whether the frame shows, in the area, exactly the text as the game's text output draws
+  // it in white on black, centred and wrapped in the box (an empty text: nothing at all).
+  bool ShowsText(const std::string& text, const Rect& box, const Rect& area) {
+    Picture canvas;
+    canvas.CreateBlank(640, 480);
+    SetTextColour(255, 255, 255);
+    SetTextTransparent(1);
+    const int height = DrawTextBox(2, text.c_str(), box, canvas.surface.get(), DT_CENTER | DT_WORDBREAK);
+    if (!text.empty() && height <= 0) return false;
+    for (int y = area.top; y < area.bottom; ++y)
+      for (int x = area.left; x < area.right; ++x)
+        if (game->backend.LastFrame()[y * 640 + x] != canvas.surface->At(x, y)) return false;
+    return true;
+  }
 
   std::filesystem::path folder;
   std::unique_ptr<HeadlessGame> game;
   std::vector<std::string> log;
   ProbeScreen* below = nullptr;
+  PlaceScreen* place = nullptr;
+  std::uint32_t visitKey = 0;
 };
