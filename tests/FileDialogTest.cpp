@@ -109,6 +109,14 @@ class FileDialogTest : public ::testing::Test {
     return names;
   }
 
+  void Keys(std::initializer_list<std::uint32_t> keys) {
+    for (std::uint32_t key : keys) backend.KeyPress(key);
+  }
+  void ClickOn(const Rect& r, std::uint32_t delayMs = 0) { backend.LeftClick(Middle(r).left, Middle(r).top, delayMs); }
+  std::optional<std::string> Open() { return RunFileDialog(FileDialogKind::Open, "Load Game"); }
+  std::optional<std::string> Save() { return RunFileDialog(FileDialogKind::Save, "Save Game"); }
+  std::string In(const std::string& name) const { return saves + "/" + name; }
+
   std::uint16_t DialogPixel(int x, int y) const { return lastDialogFrame[static_cast<std::size_t>(y) * 640 + x]; }
 
   static constexpr std::uint16_t kGameColour = Rgb565(200, 120, 40);
@@ -156,8 +164,8 @@ TEST_F(FileDialogTest, ListsTheReadableSavedGamesNewestFirst) {
   ::chmod(locked.c_str(), 0);
   const bool lockedIsUnreadable = ::access(locked.c_str(), R_OK) != 0;  // not so for the superuser
 
-  backend.KeyPress(VK_ESCAPE);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  Keys({VK_ESCAPE});
+  EXPECT_EQ(Open(), std::nullopt);
   ASSERT_FALSE(seen.empty()) << "the dialog showed itself";
   EXPECT_EQ(seen.back().title, "Load Game");
   EXPECT_EQ(seen.back().folder, saves);
@@ -172,13 +180,8 @@ TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnter) {
   MakeSave("first.gam", 10);
   MakeSave("second.gam", 20);
   MakeSave("third.gam", 30);
-
-  backend.KeyPress(VK_DOWN);
-  backend.KeyPress(VK_DOWN);
-  backend.KeyPress(VK_DOWN);
-  backend.KeyPress(VK_UP);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/second.gam");
+  Keys({VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_RETURN});
+  EXPECT_EQ(Open(), In("second.gam"));
   EXPECT_EQ(seen.back().name, "second.gam") << "moving in the list fills the name field";
 
   // The rest of the closing key does not reach the game afterwards.
@@ -188,215 +191,174 @@ TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnter) {
   for (const Message& r : received) EXPECT_FALSE(r.message == WM_CHAR && r.wParam == VK_RETURN);
 
   // Home and End reach the ends of the list, and the list keeps to its ends.
-  seen.clear();
-  backend.KeyPress(VK_END);
-  backend.KeyPress(VK_DOWN);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/third.gam");
-  backend.KeyPress(VK_HOME);
-  backend.KeyPress(VK_UP);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/first.gam");
+  Keys({VK_END, VK_DOWN, VK_RETURN});
+  EXPECT_EQ(Save(), In("third.gam"));
+  Keys({VK_HOME, VK_UP, VK_RETURN});
+  EXPECT_EQ(Save(), In("first.gam"));
 }
 
 TEST_F(FileDialogTest, TypedNamesArePathsInTheSavesFolderOrAsGiven) {
   backend.TypeText("quest1x");
-  backend.KeyPress(VK_BACK);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/quest1") << "the caller adds the extension";
-
-  backend.TypeText("/somewhere/else/game.txt");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "/somewhere/else/game.txt");
-  backend.TypeText("relative/game");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "relative/game");
+  Keys({VK_BACK, VK_RETURN});
+  EXPECT_EQ(Save(), In("quest1")) << "the caller adds the extension";
+  for (const std::string path : {"/somewhere/else/game.txt", "relative/game"}) {
+    backend.TypeText(path);
+    Keys({VK_RETURN});
+    EXPECT_EQ(Save(), path);
+  }
 
   // Typing is in the game's code page; the path is the file system's.
   backend.TypeText("caf\xE9");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/caf\xC3\xA9");
+  Keys({VK_RETURN});
+  EXPECT_EQ(Save(), In("caf\xC3\xA9"));
 
   // Control characters are no text; Backspace on an empty field does nothing.
-  seen.clear();
-  backend.KeyPress(VK_BACK);
+  Keys({VK_BACK});
   backend.TypeText("a\tb\x7F");
-  backend.KeyPress(VK_ESCAPE);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
+  Keys({VK_ESCAPE});
+  EXPECT_EQ(Save(), std::nullopt);
   EXPECT_EQ(seen.back().name, "ab");
 
   // The field holds as much as the game's name buffer.
   backend.TypeText(std::string(200, 'z'));
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"),
-            saves + "/" + std::string(FileDialogState::kNameCapacity, 'z'));
-}
+  Keys({VK_RETURN});
+  EXPECT_EQ(Save(), In(std::string(FileDialogState::kNameCapacity, 'z')));
 
-TEST_F(FileDialogTest, TypingOverAChosenFileReturnsTheTypedName) {
+  // Typing over a chosen file returns the typed name; the file is no longer chosen.
   MakeSave("dragon.gam", 10);
-  backend.KeyPress(VK_DOWN);
-  backend.KeyPress(VK_BACK);
-  backend.KeyPress(VK_BACK);
-  backend.KeyPress(VK_BACK);
-  backend.KeyPress(VK_BACK);
+  Keys({VK_DOWN, VK_BACK, VK_BACK, VK_BACK, VK_BACK});
   backend.TypeText("s");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/dragons");
-  EXPECT_EQ(seen.back().selected, -1) << "the file is no longer chosen once its name is changed";
+  Keys({VK_RETURN});
+  EXPECT_EQ(Save(), In("dragons"));
+  EXPECT_EQ(seen.back().selected, -1);
 }
 
 TEST_F(FileDialogTest, EscapeAndCancelLeaveWithNothing) {
   MakeSave("kept.gam", 10);
-  backend.KeyPress(VK_DOWN);
+  Keys({VK_DOWN});
   backend.TypeText("more");
-  backend.KeyPress(VK_ESCAPE);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
-
-  backend.KeyPress(VK_DOWN);
-  backend.LeftClick(Middle(layout.cancel).left, Middle(layout.cancel).top);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
-  EXPECT_TRUE(fs::exists(saves + "/kept.gam"));
+  Keys({VK_ESCAPE});
+  EXPECT_EQ(Save(), std::nullopt);
+  Keys({VK_DOWN});
+  ClickOn(layout.cancel);
+  EXPECT_EQ(Open(), std::nullopt);
+  EXPECT_TRUE(fs::exists(In("kept.gam")));
 }
 
 TEST_F(FileDialogTest, MouseChoosesAFileThenOkOrWithADoubleClick) {
   MakeSave("one.gam", 10);
   MakeSave("two.gam", 20);
   MakeSave("three.gam", 30);
-  const Rect second = Middle(layout.Row(1));
-  const Rect ok = Middle(layout.ok);
-
-  backend.LeftClick(second.left, second.top);
-  backend.LeftClick(ok.left, ok.top);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/two.gam");
-
-  const Rect third = Middle(layout.Row(2));
-  backend.LeftClick(third.left, third.top);
-  backend.LeftClick(third.left, third.top, 100);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/three.gam");
+  ClickOn(layout.Row(1));
+  ClickOn(layout.ok);
+  EXPECT_EQ(Open(), In("two.gam"));
+  ClickOn(layout.Row(2));
+  ClickOn(layout.Row(2), 100);
+  EXPECT_EQ(Open(), In("three.gam"));
 
   // Two clicks far apart in time are two single clicks; a press that leaves OK before the
   // release does not press it.
-  seen.clear();
-  backend.LeftClick(third.left, third.top);
-  backend.LeftClick(third.left, third.top, 2000);
+  ClickOn(layout.Row(2));
+  ClickOn(layout.Row(2), 2000);
+  const Rect ok = Middle(layout.ok);
   backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(ok.left, ok.top));
   backend.MouseMove(20, 20);
   backend.Queue(WM_LBUTTONUP, 0, PackPoint(20, 20));
-  backend.KeyPress(VK_ESCAPE);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  Keys({VK_ESCAPE});
+  EXPECT_EQ(Open(), std::nullopt);
   EXPECT_EQ(seen.back().selected, 2);
 
   // A click below the last file chooses nothing.
-  seen.clear();
-  const Rect empty = Middle(layout.Row(5));
-  backend.LeftClick(empty.left, empty.top);
-  backend.KeyPress(VK_ESCAPE);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  ClickOn(layout.Row(5));
+  Keys({VK_ESCAPE});
+  EXPECT_EQ(Open(), std::nullopt);
   EXPECT_EQ(seen.back().selected, -1);
 }
 
 TEST_F(FileDialogTest, OkWithoutAGameToOpenStaysUp) {
   MakeSave("castle.gam", 10);
-  const Rect ok = Middle(layout.ok);
-
   // An empty name does nothing: the dialog is still there to take the name typed after.
-  backend.KeyPress(VK_RETURN);
-  backend.LeftClick(ok.left, ok.top);
+  Keys({VK_RETURN});
+  ClickOn(layout.ok);
   backend.TypeText("later");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/later");
+  Keys({VK_RETURN});
+  EXPECT_EQ(Save(), In("later"));
 
   // A name that is no file says so and stays.
   seen.clear();
   backend.TypeText("nothere");
-  backend.KeyPress(VK_RETURN);
-  backend.KeyPress(VK_ESCAPE);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), std::nullopt);
+  Keys({VK_RETURN, VK_ESCAPE});
+  EXPECT_EQ(Open(), std::nullopt);
   ASSERT_FALSE(seen.empty());
   EXPECT_TRUE(seen.back().noSuchGame);
 
   // The saved game may be named without its extension.
   backend.TypeText("castle");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/castle.gam");
+  Keys({VK_RETURN});
+  EXPECT_EQ(Open(), In("castle.gam"));
   const std::string elsewhere = (root / "elsewhere.gam").string();
   std::ofstream(elsewhere) << "1 2\n";
   backend.TypeText(elsewhere);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), elsewhere);
+  Keys({VK_RETURN});
+  EXPECT_EQ(Open(), elsewhere);
 }
 
 TEST_F(FileDialogTest, ScriptedAnswersComeAtOnceAndEveryCallIsRecorded) {
   backend.ScriptDialog(std::string("/games/first.gam"));
   backend.ScriptDialog(std::nullopt);
   const int framesBefore = backend.FramesShown();
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), "/games/first.gam");
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
+  EXPECT_EQ(Open(), "/games/first.gam");
+  EXPECT_EQ(Save(), std::nullopt);
   EXPECT_EQ(backend.FramesShown(), framesBefore) << "a scripted dialog is not drawn";
   EXPECT_TRUE(seen.empty());
 
   // With the script used up, the real dialog runs.
   backend.TypeText("typed");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save As"), saves + "/typed");
+  Keys({VK_RETURN});
+  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save As"), In("typed"));
   EXPECT_FALSE(seen.empty());
 
   const auto& calls = backend.DialogCalls();
   ASSERT_EQ(calls.size(), 3u);
-  EXPECT_EQ(calls[0].kind, FileDialogKind::Open);
-  EXPECT_EQ(calls[0].title, "Load Game");
-  EXPECT_TRUE(calls[0].scripted);
-  EXPECT_EQ(calls[1].kind, FileDialogKind::Save);
-  EXPECT_EQ(calls[1].title, "Save Game");
-  EXPECT_TRUE(calls[1].scripted);
-  EXPECT_EQ(calls[2].title, "Save As");
-  EXPECT_FALSE(calls[2].scripted);
+  EXPECT_TRUE(calls[0].kind == FileDialogKind::Open && calls[0].title == "Load Game" && calls[0].scripted);
+  EXPECT_TRUE(calls[1].kind == FileDialogKind::Save && calls[1].title == "Save Game" && calls[1].scripted);
+  EXPECT_TRUE(calls[2].title == "Save As" && !calls[2].scripted);
 }
 
 TEST_F(FileDialogTest, ManyFilesScrollWithKeysArrowsAndTheBar) {
   for (int i = 0; i < 20; ++i) MakeSave("game" + std::to_string(100 + i) + ".gam", i * 60);  // game100 newest
   const int rows = FileDialogLayout::kVisibleRows;
+  auto game = [](int n) { return "game" + std::to_string(100 + n) + ".gam"; };
 
-  backend.KeyPress(VK_END);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/game119.gam");
+  Keys({VK_END, VK_RETURN});
+  EXPECT_EQ(Open(), In(game(19)));
   EXPECT_EQ(seen.back().firstRow, 20 - rows) << "the chosen file is in sight";
-
-  seen.clear();
-  backend.KeyPress(VK_NEXT);  // from nothing: the bottom of the first page
-  backend.KeyPress(VK_NEXT);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/game" + std::to_string(100 + 2 * (rows - 1)) + ".gam");
+  Keys({VK_NEXT, VK_NEXT, VK_RETURN});  // from nothing: the bottom of the first page, then a page on
+  EXPECT_EQ(Open(), In(game(2 * (rows - 1))));
 
   // The arrows move the list a row, the track a page; the choice stays.
-  seen.clear();
-  const Rect down = Middle(layout.scrollDown);
-  backend.LeftClick(down.left, down.top);
-  backend.LeftClick(down.left, down.top, 600);
-  backend.KeyPress(VK_ESCAPE);
-  RunFileDialog(FileDialogKind::Open, "Load Game");
+  ClickOn(layout.scrollDown);
+  ClickOn(layout.scrollDown, 600);
+  Keys({VK_ESCAPE});
+  Open();
   EXPECT_EQ(seen.back().firstRow, 2);
   EXPECT_EQ(seen.back().selected, -1);
-
-  seen.clear();
-  const Rect trackBottom{layout.scrollDown.left + 5, layout.track.bottom - 3, 0, 0};
-  backend.LeftClick(trackBottom.left, trackBottom.top);
-  backend.LeftClick(Middle(layout.scrollUp).left, Middle(layout.scrollUp).top, 600);
+  backend.LeftClick(layout.scrollDown.left + 5, layout.track.bottom - 3);
+  ClickOn(layout.scrollUp, 600);
   // A click on the first row now chooses the file shown there.
-  backend.LeftClick(Middle(layout.Row(0)).left, Middle(layout.Row(0)).top, 600);
-  backend.LeftClick(Middle(layout.ok).left, Middle(layout.ok).top);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/game" + std::to_string(100 + rows - 2) + ".gam");
+  ClickOn(layout.Row(0), 600);
+  ClickOn(layout.ok);
+  EXPECT_EQ(Open(), In(game(rows - 2)));
 
   // Dragging the thumb to the bottom shows the end of the list.
-  seen.clear();
   const Rect thumb = layout.Thumb(20, 0);
   const int grabX = (thumb.left + thumb.right) / 2, grabY = thumb.top + 3;
   backend.MouseMove(grabX, grabY);
   backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(grabX, grabY));
   backend.MouseMove(grabX, layout.track.bottom + 40);
   backend.Queue(WM_LBUTTONUP, 0, PackPoint(grabX, layout.track.bottom + 40));
-  backend.KeyPress(VK_ESCAPE);
-  RunFileDialog(FileDialogKind::Open, "Load Game");
+  Keys({VK_ESCAPE});
+  Open();
   EXPECT_EQ(seen.back().firstRow, 20 - rows);
 }
 
@@ -405,14 +367,12 @@ TEST_F(FileDialogTest, NamesAreShownInTheGameCodePageAndReturnedAsOnDisk) {
   const std::string longName = std::string(120, 'w') + ".gam";
   MakeSave(longName, 20);
 
-  backend.KeyPress(VK_DOWN);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/Drachenh\xC3\xB6hle.gam");
+  Keys({VK_DOWN, VK_RETURN});
+  EXPECT_EQ(Open(), In("Drachenh\xC3\xB6hle.gam"));
   EXPECT_EQ(seen.back().name, "Drachenh\xF6hle.gam");
 
-  backend.KeyPress(VK_END);
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Open, "Load Game"), saves + "/" + longName);
+  Keys({VK_END, VK_RETURN});
+  EXPECT_EQ(Open(), In(longName));
   // A name too long for its row is cut short of the date: between the two the row has a gap
   // with no text, where the whole name would run on into the date.
   const Rect row = layout.Row(1);
@@ -432,14 +392,14 @@ TEST_F(FileDialogTest, WithoutASavesFolderTypedPathsStillWork) {
   ASSERT_EQ(SavesFolder(), "");
 
   backend.TypeText("/elsewhere/my-game");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "/elsewhere/my-game");
+  Keys({VK_RETURN});
+  EXPECT_EQ(Save(), "/elsewhere/my-game");
   EXPECT_TRUE(seen.back().files.empty());
   EXPECT_EQ(seen.back().folder, "");
 
   backend.TypeText("bare");
-  backend.KeyPress(VK_RETURN);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), "bare") << "in the current folder";
+  Keys({VK_RETURN});
+  EXPECT_EQ(Save(), "bare") << "in the current folder";
 }
 
 TEST_F(FileDialogTest, ModalTheWindowGetsItsTimersAndPaintsButNoInput) {
@@ -454,7 +414,7 @@ TEST_F(FileDialogTest, ModalTheWindowGetsItsTimersAndPaintsButNoInput) {
   backend.LeftClick(5, 5, 600);
   backend.KeyPress(VK_RETURN, 800);
   const std::uint32_t start = GetTickCount();
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), saves + "/slow");
+  EXPECT_EQ(Save(), In("slow"));
   EXPECT_GE(GetTickCount() - start, 800u) << "the dialog waited for the input to come";
 
   int timers = 0, paints = 0;
@@ -477,16 +437,16 @@ TEST_F(FileDialogTest, ModalTheWindowGetsItsTimersAndPaintsButNoInput) {
 TEST_F(FileDialogTest, ClosingTheWindowEndsTheDialog) {
   backend.TypeText("unsaved");
   backend.Queue(WM_CLOSE, 0, 0);
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt);
+  EXPECT_EQ(Save(), std::nullopt);
   EXPECT_FALSE(WindowExists());
-  EXPECT_EQ(RunFileDialog(FileDialogKind::Save, "Save Game"), std::nullopt) << "no window, no dialog";
+  EXPECT_EQ(Save(), std::nullopt) << "no window, no dialog";
 }
 
 TEST_F(FileDialogTest, ThePanelStandsOverTheDimmedFrameWhichComesBackAfter) {
   MakeSave("pixels.gam", 10);
-  backend.KeyPress(VK_DOWN);
+  Keys({VK_DOWN});
   backend.KeyPress(VK_ESCAPE, 100);  // the queue runs dry in between: the choice is drawn
-  RunFileDialog(FileDialogKind::Open, "Load Game");
+  Open();
   ASSERT_EQ(lastDialogFrame.size(), 640u * 480u);
 
   // Around the panel: the game's frame, darker but still its own colour.
