@@ -140,67 +140,52 @@ INSTANTIATE_TEST_SUITE_P(Wave, PcmLayouts,
                                   std::to_string(l.rate);
                          });
 
-TEST_F(WaveReaderTest, OtherFormatsKeepTheirExtraBytes) {
-  // A compressed format: two extra bytes (samples per block) and a "fact" chunk.
-  const Bytes compressed = Samples(64, 5);
-  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(0x11, 1, 8000, 4, Bytes{0xF9, 0x01})},
-                       {"fact", {0x40, 0, 0, 0}},
-                       {"data", compressed}})),
-            0);
-  EXPECT_EQ(format->formatTag, 0x11);
-  EXPECT_EQ(format->bitsPerSample, 4);
-  EXPECT_EQ(format->extra, (Bytes{0xF9, 0x01}));
-  EXPECT_EQ(Data(), compressed);
-
-  // The extensible record: 22 extra bytes.
-  const Bytes extensible = Samples(22, 9);
-  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(0xFFFE, 2, 44100, 16, extensible)}, {"data", Samples(40, 1)}})), 0);
-  EXPECT_EQ(format->formatTag, 0xFFFE);
-  EXPECT_EQ(format->extra, extensible);
-}
-
-TEST_F(WaveReaderTest, ExtraBytesFollowTheCountNotTheChunkSize) {
+TEST_F(WaveReaderTest, FormatsWithExtraBytesAndChunksInAnyOrder) {
+  struct Case {
+    const char* what;
+    std::vector<Chunk> chunks;
+    std::uint16_t tag;
+    std::uint32_t rate;
+    Bytes extra;
+    Bytes data;
+  };
   // A PCM record written with a count field (18 bytes) has no extra bytes, even when the
   // count is not 0; so has a float record of 16 bytes, which has no count field at all.
   Bytes pcm18 = FmtBody(1, 1, 8000, 16, Bytes{});
-  ASSERT_EQ(Load(Riff({{"fmt ", pcm18}, {"data", Samples(8, 2)}})), 0);
-  EXPECT_TRUE(format->extra.empty());
-
-  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(3, 1, 8000, 32)}, {"data", Samples(8, 2)}})), 0);
-  EXPECT_EQ(format->formatTag, 3);
-  EXPECT_TRUE(format->extra.empty());
-
-  // A fmt chunk longer than its record: the rest is skipped.
+  pcm18[16] = 2;
   Bytes longer = FmtBody(2, 1, 8000, 4, Bytes{1, 2, 3, 4});
   longer.insert(longer.end(), {9, 9, 9, 9, 9});
-  ASSERT_EQ(Load(Riff({{"fmt ", longer}, {"data", Samples(10, 3)}})), 0);
-  EXPECT_EQ(format->extra, (Bytes{1, 2, 3, 4}));
-  EXPECT_EQ(Data(), Samples(10, 3));
-}
-
-TEST_F(WaveReaderTest, ChunksComeInAnyOrderWithPadding) {
   Bytes list;
   PutId(list, "INFO");
   PutId(list, "ISFT");
   Put32(list, 3);
   list.insert(list.end(), {'a', 'b', 'c', 0});
-  const Bytes samples = Samples(7, 4);  // odd: a pad byte follows
-  ASSERT_EQ(Load(Riff({{"LIST", list},
-                       {"junk", Samples(5, 0)},
-                       {"data", samples},
-                       {"cue ", Samples(3, 1)},
-                       {"fmt ", FmtBody(1, 1, 22050, 8)},
-                       {"smpl", Samples(1, 2)}})),
-            0);
-  EXPECT_EQ(format->samplesPerSec, 22050u);
-  EXPECT_EQ(format->bitsPerSample, 8);
-  EXPECT_EQ(Data(), samples);
-}
-
-TEST_F(WaveReaderTest, AnEmptyDataChunkIsAWaveWithoutSamples) {
-  ASSERT_EQ(Load(Riff({{"fmt ", FmtBody(1, 2, 44100, 16)}, {"data", {}}})), 0);
-  EXPECT_EQ(size, 0u);
-  EXPECT_NE(format, nullptr);
+  const Case cases[] = {
+      {"a compressed format: two extra bytes and a fact chunk",
+       {{"fmt ", FmtBody(0x11, 1, 8000, 4, Bytes{0xF9, 0x01})}, {"fact", {0x40, 0, 0, 0}}, {"data", Samples(64, 5)}},
+       0x11, 8000, {0xF9, 0x01}, Samples(64, 5)},
+      {"the extensible record: 22 extra bytes",
+       {{"fmt ", FmtBody(0xFFFE, 2, 44100, 16, Samples(22, 9))}, {"data", Samples(40, 1)}},
+       0xFFFE, 44100, Samples(22, 9), Samples(40, 1)},
+      {"PCM with a count", {{"fmt ", pcm18}, {"data", Samples(8, 2)}}, 1, 8000, {}, Samples(8, 2)},
+      {"float without a count", {{"fmt ", FmtBody(3, 1, 8000, 32)}, {"data", Samples(8, 2)}}, 3, 8000, {}, Samples(8, 2)},
+      {"a fmt chunk longer than its record", {{"fmt ", longer}, {"data", Samples(10, 3)}}, 2, 8000, {1, 2, 3, 4},
+       Samples(10, 3)},
+      {"chunks in any order, an odd one padded",
+       {{"LIST", list}, {"junk", Samples(5, 0)}, {"data", Samples(7, 4)}, {"cue ", Samples(3, 1)},
+        {"fmt ", FmtBody(1, 1, 22050, 8)}, {"smpl", Samples(1, 2)}},
+       1, 22050, {}, Samples(7, 4)},
+      {"an empty data chunk", {{"fmt ", FmtBody(1, 2, 44100, 16)}, {"data", {}}}, 1, 44100, {}, {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    ASSERT_EQ(Load(Riff(c.chunks)), 0);
+    ASSERT_NE(format, nullptr);
+    EXPECT_EQ(format->formatTag, c.tag);
+    EXPECT_EQ(format->samplesPerSec, c.rate);
+    EXPECT_EQ(format->extra, c.extra);
+    EXPECT_EQ(Data(), c.data);
+  }
 }
 
 TEST_F(WaveReaderTest, TheDataIsReadInPiecesThatTakeFromTheChunk) {
@@ -246,6 +231,9 @@ TEST_F(WaveReaderTest, EachFaultHasItsCode) {
   cutCount.resize(17);  // one byte of the count
   Bytes missingExtra = FmtBody(2, 1, 8000, 4, Bytes{1, 2});
   missingExtra[16] = 3;  // counts three, holds two
+  Bytes outside = Riff({{"fmt ", fmt}});
+  const Bytes dataChunk = Riff({{"data", samples}});
+  outside.insert(outside.end(), dataChunk.begin() + 12, dataChunk.end());
   Bytes cutData = Riff({{"fmt ", fmt}, {"data", samples}});
   cutData.resize(cutData.size() - 1);
   const std::vector<Case> cases = {
@@ -260,6 +248,7 @@ TEST_F(WaveReaderTest, EachFaultHasItsCode) {
       {"data claiming almost 4 GB", Riff({{"fmt ", fmt}, {"data", samples, 0xFFFFFFF0u}}), kWaveDataShort},
       {"no fmt chunk", Riff({{"data", samples}}), kWaveChunkNotFound},
       {"no data chunk", Riff({{"fmt ", fmt}, {"LIST", Samples(8, 0)}}), kWaveChunkNotFound},
+      {"the data chunk behind the end the RIFF header states", outside, kWaveChunkNotFound},
       {"an empty file", Bytes{}, kWaveChunkNotFound},
   };
   for (const Case& c : cases) {
@@ -267,14 +256,6 @@ TEST_F(WaveReaderTest, EachFaultHasItsCode) {
     EXPECT_EQ(Load(c.file), c.code);
     ExpectNothingLoaded();
   }
-}
-
-TEST_F(WaveReaderTest, ChunksAreSoughtOnlyInsideTheRiffChunk) {
-  // The data chunk lies behind the end that the RIFF header states.
-  Bytes file = Riff({{"fmt ", FmtBody(1, 1, 8000, 8)}});
-  const Bytes outside = Riff({{"data", Samples(4, 1)}});
-  file.insert(file.end(), outside.begin() + 12, outside.end());
-  EXPECT_EQ(Load(file), kWaveChunkNotFound);
 }
 
 TEST_F(WaveReaderTest, FilesThatCannotBeOpened) {
