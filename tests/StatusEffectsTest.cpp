@@ -69,17 +69,6 @@ TEST(StatusEffectsTest, ResistanceRoll) {
   EXPECT_EQ(puff->status[Slow], -1.0f);
   EXPECT_TRUE(ResistsRoll(0.1f, 10));
   EXPECT_FALSE(ResistsRoll(0.1f, 11));
-
-  // Over many tries a resistance of 0 lets about 99 in 100 through.
-  SeedRandom(777);
-  int landed = 0;
-  auto target = Kindrel::Create(kBluberd, 1);
-  for (int i = 0; i < 10000; ++i) {
-    target->ClearStatus();
-    landed += target->LayEffect(Defense, 1);
-  }
-  EXPECT_GT(landed, 9800);
-  EXPECT_LT(landed, 10000);
 }
 
 TEST(StatusEffectsTest, LandingRecoveryAndDuration) {
@@ -197,16 +186,6 @@ TEST(StatusEffectsTest, MessagesAndTheEffectsOfASpell) {
   SeedRandom(SeedRolling(0));
   ApplySpellEffects(spellTable[kGlare], *mookie, *bird, true, &message);
   EXPECT_EQ(message, "The Bluberd resists being made less defensive!");
-  EXPECT_EQ(StatusLandedMessage(*bird, true, Offense), "The Bluberd has less power!");
-  EXPECT_EQ(StatusResistedMessage(*mookie, false, Speed), "Mookie resists being made less speedy!");
-  EXPECT_EQ(StatusResistedMessage(*mookie, false, Accuracy), "Mookie resists being made less accurate!");
-  EXPECT_EQ(StatusResistedMessage(*mookie, false, Offense), "Mookie resists being made less powerful!");
-  EXPECT_EQ(StatusResistedMessage(*bird, true, Paralyzed), "The Bluberd resists being paralyzed!");
-  EXPECT_EQ(StatusResistedMessage(*bird, true, Poisoned), "The Bluberd resists being poisoned!");
-  mookie->status[Defense] = -1.0f;
-  EXPECT_EQ(StatusLandedMessage(*mookie, false, Defense), "Mookie has less defense!");
-  mookie->status[Speed] = -1.0f;
-  EXPECT_EQ(StatusLandedMessage(*mookie, false, Speed), "Mookie has less speed!");
 
   // A name with a '%' in it is shown as it is.
   mookie->SetName("100% Mookie");
