@@ -9,7 +9,7 @@
 #include "creatures/Kindrel.h"
 #include "graphics/Display.h"
 #include "platform/DataPath.h"
-#include "support/BitmapBytes.h"
+#include "support/TestData.h"
 
 namespace {
 
@@ -151,17 +151,13 @@ TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
   // and releasing frees it.
   const auto folder = std::filesystem::temp_directory_path() / ("quarnwick-kindrel-" + std::to_string(::getpid()));
   std::filesystem::create_directories(folder / "dat");
-  BitmapLayout bitmap;
-  bitmap.width = 4;
-  bitmap.height = 3;
-  bitmap.values.assign(12, 0xC86432);
-  WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(bitmap));
+  std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
   platform::SetDataRoot(folder.string());
   {
     auto first = Kindrel::Create(kFleenu, 1);
     auto second = Kindrel::Create(kFleenu, 1);
-    ASSERT_EQ(first->picture->Width(), 4);
-    ASSERT_EQ(second->picture->Width(), 4);
+    ASSERT_EQ(first->picture->Width(), 104);
+    ASSERT_EQ(second->picture->Width(), 104);
     EXPECT_NE(first->picture->surface.get(), second->picture->surface.get());
     const std::uint16_t corner = second->picture->surface->At(0, 0);
     first->picture->surface->Pixels()[0] = 0x1234;

@@ -9,8 +9,8 @@
 #include "graphics/Text.h"
 #include "platform/DataPath.h"
 #include "platform/Window.h"
-#include "support/BitmapBytes.h"
 #include "support/HeadlessGame.h"
+#include "support/TestData.h"
 
 namespace {
 
@@ -130,12 +130,11 @@ TEST_F(DrawingTest, MirrorTwiceRestoresAPicture) {
 }
 
 TEST_F(DrawingTest, LostSurfacesComeBackFromTheirFiles) {
-  BitmapLayout layout{2, 2, 24, false, {}, {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF}, {}};
-  WriteFile((folder / "dat" / "card.bmp").string(), MakeBitmap(layout));
+  std::filesystem::copy_file(TestData("card-24.bmp"), folder / "dat" / "card.bmp");
   Picture card, missing;
   card.LoadPicture("dat\\card.bmp");
   missing.LoadPicture("dat\\nowhere.bmp");
-  ASSERT_EQ(card.Width(), 2);
+  ASSERT_EQ(card.Width(), 5);
   EXPECT_EQ(missing.Width(), 0);
   EXPECT_EQ(missing.DrawKeyed(5, 5, 1), 0) << "a missing picture draws nothing and is no failure";
 
@@ -146,7 +145,7 @@ TEST_F(DrawingTest, LostSurfacesComeBackFromTheirFiles) {
   theDisplay->ClearScreen(0, 0, 0);
   EXPECT_EQ(card.DrawOpaque(0, 0, 1), 0);
   EXPECT_EQ(target->At(0, 0), platform::Rgb565(255, 0, 0));
-  EXPECT_EQ(target->At(1, 1), platform::Rgb565(255, 255, 255));
+  EXPECT_EQ(target->At(4, 2), platform::Rgb565(255, 255, 0));
 }
 
 TEST_F(DrawingTest, TextIsAlignedWrappedAndClipped) {

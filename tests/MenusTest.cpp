@@ -18,8 +18,8 @@
 #include "screens/PauseMenuScreen.h"
 #include "world/WorldMapScreen.h"
 #include "shell/Globals.h"
-#include "support/BitmapBytes.h"
 #include "support/HeadlessGame.h"
+#include "support/TestData.h"
 #include "support/WaveBytes.h"
 
 namespace {

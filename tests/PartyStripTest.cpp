@@ -11,8 +11,8 @@
 #include "creatures/PlayerRecord.h"
 #include "graphics/Text.h"
 #include "platform/DataPath.h"
-#include "support/BitmapBytes.h"
 #include "support/HeadlessGame.h"
+#include "support/TestData.h"
 
 namespace {
 
@@ -25,12 +25,7 @@ class PartyStripTest : public ::testing::Test {
   void SetUp() override {
     folder = std::filesystem::temp_directory_path() / ("quarnwick-strip-" + std::to_string(::getpid()));
     std::filesystem::create_directories(folder / "dat");
-    BitmapLayout bitmap;
-    bitmap.width = 104;
-    bitmap.height = 105;
-    bitmap.values.assign(static_cast<std::size_t>(bitmap.width) * bitmap.height, 0x969696);
-    bitmap.values[0] = 0x000000;  // one transparent pixel in the top-left corner
-    WriteFile((folder / "dat" / "PUFFBALL.bmp").string(), MakeBitmap(bitmap));
+    std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
     platform::SetDataRoot(folder.string());
     game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
     ASSERT_EQ(game->started, 1);

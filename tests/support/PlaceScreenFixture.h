@@ -15,8 +15,8 @@
 #include "platform/DataPath.h"
 #include "screens/PlaceScreen.h"
 #include "shell/Globals.h"
-#include "support/BitmapBytes.h"
 #include "support/HeadlessGame.h"
+#include "support/TestData.h"
 #include "support/WaveBytes.h"
 
 class PlaceScreenFixture : public ::testing::Test {
