@@ -71,11 +71,9 @@ class PlaceScreenFixture : public ::testing::Test {
   int Plays(const std::vector<int>& samples) const {
     using Request = platform::HeadlessAudio::Request;
     const auto& audio = game->backend.AudioOutput();
-    Bytes pcm;
-    for (int s : samples) Put16(pcm, static_cast<std::uint32_t>(s));
     int plays = 0;
     for (const auto& buffer : audio.Buffers()) {
-      if (buffer.samples != pcm) continue;
+      if (buffer.samples != Pcm16(samples)) continue;
       for (const auto& call : audio.Calls())
         plays += call.buffer == buffer.number && (call.request == Request::Play || call.request == Request::Rewind);
     }

@@ -16,11 +16,17 @@ inline void Put32(Bytes& b, std::uint32_t v) {
 }
 inline void PutId(Bytes& b, std::string_view id) { b.insert(b.end(), id.begin(), id.end()); }
 
+// 16-bit samples as a wave file's data holds them.
+inline Bytes Pcm16(const std::vector<int>& samples) {
+  Bytes data;
+  for (int s : samples) Put16(data, static_cast<std::uint16_t>(s));
+  return data;
+}
+
 // A wave file of 16-bit mono samples at 22050 Hz, or of the format tag given with its
 // extra format bytes.
 inline Bytes MakeWaveFile(const std::vector<int>& samples, std::uint16_t tag = 1, const Bytes& extra = {}) {
-  Bytes data;
-  for (int s : samples) Put16(data, static_cast<std::uint16_t>(s));
+  const Bytes data = Pcm16(samples);
   Bytes fmt;
   Put16(fmt, tag);
   Put16(fmt, 1);
