@@ -50,45 +50,41 @@ std::vector<int> Left(const std::vector<std::vector<int>>& frames) {
   return left;
 }
 
-TEST(SoundMixer, EightBitSamplesAreUnsignedAroundTheMiddle) {
-  AudioMixer mixer;
-  const auto voice = mixer.Add(Pcm(1, 8, 8000), Bytes{128, 255, 0, 64, 192});
-  ASSERT_NE(voice, 0u);
-  ASSERT_TRUE(mixer.Play(voice, false));
-  EXPECT_EQ(Left(Render(mixer, 5, 8000, 2)), (std::vector<int>{0, 127 * 256, -32768, -64 * 256, 64 * 256}));
-}
-
-TEST(SoundMixer, ChannelsAreConvertedToTheOutput) {
-  AudioMixer mixer;
-  const auto stereo = mixer.Add(Pcm(2, 16, 8000), Words({1000, -2000, 3000, 0}));
-  mixer.Play(stereo, true);
-  EXPECT_EQ(Render(mixer, 2, 8000, 2), (std::vector<std::vector<int>>{{1000, -2000}, {3000, 0}}));
-  EXPECT_EQ(Render(mixer, 2, 8000, 1), (std::vector<std::vector<int>>{{-500}, {1500}}));
-  // Channels past the second stay silent.
-  EXPECT_EQ(Render(mixer, 1, 8000, 4), (std::vector<std::vector<int>>{{1000, -2000, 0, 0}}));
-  mixer.Remove(stereo);
-
-  const auto mono = mixer.Add(Pcm(1, 16, 8000), Words({-1234, 77}));
-  mixer.Play(mono, false);
-  EXPECT_EQ(Render(mixer, 2, 8000, 2), (std::vector<std::vector<int>>{{-1234, -1234}, {77, 77}}));
-}
-
-TEST(SoundMixer, RatesAreConvertedByLinearInterpolation) {
-  AudioMixer mixer;
-  const auto slow = mixer.Add(Pcm(1, 16, 22050), Words({0, 1000, 2000, 4000}));
-  mixer.Play(slow, false);
-  // Twice the rate: a point between each pair; the last frame holds, then the voice ends.
-  EXPECT_EQ(Left(Render(mixer, 10, 44100, 2)), (std::vector<int>{0, 500, 1000, 1500, 2000, 3000, 4000, 4000, 0, 0}));
-  EXPECT_FALSE(mixer.IsPlaying(slow));
-
-  const auto fast = mixer.Add(Pcm(1, 16, 44100), Words({10, 20, 30, 40, 50, 60}));
-  mixer.Play(fast, false);
-  EXPECT_EQ(Left(Render(mixer, 4, 22050, 2)), (std::vector<int>{10, 30, 50, 0}));
-
-  // A third of the way between frames.
-  const auto third = mixer.Add(Pcm(1, 16, 1000), Words({0, 3000, 0}));
-  mixer.Play(third, true);
-  EXPECT_EQ(Left(Render(mixer, 4, 3000, 2)), (std::vector<int>{0, 1000, 2000, 3000}));
+TEST(SoundMixer, SampleSizesChannelsAndRatesAreConvertedToTheOutput) {
+  const struct {
+    const char* what;
+    WaveFormat format;
+    Bytes samples;
+    bool loop;
+    int rate, channels;                   // of the output
+    std::vector<std::vector<int>> frames;  // what the output gets
+  } cases[] = {
+      {"8 bits are unsigned around the middle", Pcm(1, 8, 8000), {128, 255, 0, 64, 192}, false, 8000, 1,
+       {{0}, {127 * 256}, {-32768}, {-64 * 256}, {64 * 256}}},
+      {"stereo to stereo", Pcm(2, 16, 8000), Words({1000, -2000, 3000, 0}), false, 8000, 2, {{1000, -2000}, {3000, 0}}},
+      {"stereo to mono", Pcm(2, 16, 8000), Words({1000, -2000, 3000, 0}), false, 8000, 1, {{-500}, {1500}}},
+      {"channels past the second stay silent", Pcm(2, 16, 8000), Words({1000, -2000}), false, 8000, 4,
+       {{1000, -2000, 0, 0}}},
+      {"mono to stereo", Pcm(1, 16, 8000), Words({-1234, 77}), false, 8000, 2, {{-1234, -1234}, {77, 77}}},
+      // Twice the rate: a point between each pair; the last frame holds, then the voice ends.
+      {"twice the rate", Pcm(1, 16, 22050), Words({0, 1000, 2000, 4000}), false, 44100, 1,
+       {{0}, {500}, {1000}, {1500}, {2000}, {3000}, {4000}, {4000}, {0}, {0}}},
+      {"half the rate", Pcm(1, 16, 44100), Words({10, 20, 30, 40, 50, 60}), false, 22050, 1, {{10}, {30}, {50}, {0}}},
+      {"a third of the way between frames", Pcm(1, 16, 1000), Words({0, 3000, 0}), true, 3000, 1,
+       {{0}, {1000}, {2000}, {3000}}},
+      {"a loop wraps around", Pcm(1, 16, 8000), Words({7, 8, 9}), true, 8000, 1,
+       {{7}, {8}, {9}, {7}, {8}, {9}, {7}, {8}}},
+      {"at double the rate a loop's last frame leads back into the first", Pcm(1, 16, 8000), Words({7, 8, 9}), true,
+       16000, 1, {{7}, {8}, {8}, {9}, {9}, {8}, {7}}},
+  };
+  for (const auto& c : cases) {
+    AudioMixer mixer;
+    const auto voice = mixer.Add(c.format, c.samples);
+    ASSERT_NE(voice, 0u) << c.what;
+    ASSERT_TRUE(mixer.Play(voice, c.loop));
+    EXPECT_EQ(Render(mixer, c.frames.size(), c.rate, c.channels), c.frames) << c.what;
+    EXPECT_EQ(mixer.IsPlaying(voice), c.loop) << c.what;
+  }
 }
 
 TEST(SoundMixer, VoicesAddUpAndSaturate) {
@@ -135,17 +131,6 @@ TEST(SoundMixer, AVoicePlaysOnceThenStopsAtItsStart) {
   mixer.Play(voice, false);
   EXPECT_EQ(Left(Render(mixer, 3, 8000, 2)), (std::vector<int>{1, 2, 3}));
   EXPECT_FALSE(mixer.IsPlaying(voice));
-}
-
-TEST(SoundMixer, ALoopingVoiceWrapsAroundAndNeverEnds) {
-  AudioMixer mixer;
-  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({7, 8, 9}));
-  mixer.Play(voice, true);
-  EXPECT_EQ(Left(Render(mixer, 8, 8000, 2)), (std::vector<int>{7, 8, 9, 7, 8, 9, 7, 8}));
-  EXPECT_TRUE(mixer.IsPlaying(voice));
-  // At double the rate the last frame leads back into the first.
-  mixer.Rewind(voice);
-  EXPECT_EQ(Left(Render(mixer, 7, 16000, 2)), (std::vector<int>{7, 8, 8, 9, 9, 8, 7}));
 }
 
 TEST(SoundMixer, RewindStartsAVoiceOverWithoutStoppingIt) {
