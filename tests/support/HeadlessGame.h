@@ -35,6 +35,11 @@ class HeadlessGame {
     shutDown = true;
   }
   bool RunFor(std::uint32_t ms) { return application->RunFor(ms); }
+  // Input, then the game runs for a while.
+  void Key(std::uint32_t key, std::uint32_t ms = 100) { backend.KeyPress(key); RunFor(ms); }
+  void Click(int x, int y, std::uint32_t ms = 100) { backend.LeftClick(x, y); RunFor(ms); }
+  void RightClick(int x, int y, std::uint32_t ms = 100) { backend.RightClick(x, y); RunFor(ms); }
+  void Type(const std::string& text) { backend.TypeText(text); RunFor(100); }
   Display& display() { return application->display; }
 
   platform::HeadlessBackend backend;
