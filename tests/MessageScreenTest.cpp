@@ -33,10 +33,6 @@ class MessageScreenTest : public ::testing::Test {
       for (int x = r.left; x < r.right; ++x) n += game->backend.LastFrame()[y * 640 + x] != 0;
     return n;
   }
-  void Do(const std::function<void()>& input) {
-    input();
-    game->RunFor(100);
-  }
 
   std::vector<std::string> log;
   std::unique_ptr<HeadlessGame> game;
@@ -49,22 +45,22 @@ TEST_F(MessageScreenTest, WithATextOnlyTheButtonContinues) {
   Open(kCredits);
   EXPECT_GT(Lit({120, 80, 520, 370}), 0) << "the text";
   EXPECT_GT(Lit({220, 370, 420, 396}), 0) << "the button";
-  Do([&] { game->backend.LeftClick(10, 10); });
+  game->Click(10, 10);
   EXPECT_FALSE(Left()) << "a click beside the button";
-  Do([&] { game->backend.RightClick(10, 10); });
+  game->RightClick(10, 10);
   EXPECT_FALSE(Left());
-  Do([&] { game->backend.RightClick(420, 395); });
+  game->RightClick(420, 395);
   EXPECT_TRUE(Left()) << "right-clicking the button's corner";
   EXPECT_EQ(below->state, kStateNone);
 
   Open(kCredits);
-  Do([&] { game->backend.KeyPress(platform::VK_DOWN); });
+  game->Key(platform::VK_DOWN);
   EXPECT_FALSE(Left());
-  Do([&] { game->backend.KeyPress(platform::VK_SPACE); });
+  game->Key(platform::VK_SPACE);
   EXPECT_TRUE(Left());
 
   Open(kCredits);
-  Do([&] { game->backend.LeftClick(300, 380); });
+  game->Click(300, 380);
   EXPECT_TRUE(Left());
   EXPECT_EQ(log, (std::vector<std::string>{"BELOW activate", "BELOW deactivate", "BELOW activate"}));
 }
@@ -72,12 +68,12 @@ TEST_F(MessageScreenTest, WithATextOnlyTheButtonContinues) {
 TEST_F(MessageScreenTest, AnEmptyTextIsTheBarePictureAndAnyClickContinues) {
   Open("");
   EXPECT_EQ(Lit({100, 60, 640, 480}), 0) << "no text, no button, and here no picture either";
-  Do([&] { game->backend.RightClick(10, 10); });
+  game->RightClick(10, 10);
   EXPECT_FALSE(Left()) << "right clicks beside the button do nothing";
-  Do([&] { game->backend.LeftClick(10, 10); });
+  game->Click(10, 10);
   EXPECT_TRUE(Left());
   Open("");
-  Do([&] { game->backend.KeyPress(platform::VK_RETURN); });
+  game->Key(platform::VK_RETURN);
   EXPECT_TRUE(Left());
 }
 
