@@ -4,7 +4,6 @@
 #include <cstring>
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 
 #include "creatures/Kindrel.h"
 #include "graphics/Display.h"
@@ -143,16 +142,13 @@ TEST(CreatureGrowthTest, HitPointsAndTheirColour) {
   EXPECT_EQ(creature->LoseHitPoints(-4), 0);
   EXPECT_EQ(creature->LoseHitPoints(1), 1);
   EXPECT_EQ(creature->hitPoints, 5);
-
 }
 
 TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
   // A species picture in a data folder of our own: two creatures get separate pictures,
   // and releasing frees it.
-  const auto folder = std::filesystem::temp_directory_path() / ("quarnwick-kindrel-" + std::to_string(::getpid()));
-  std::filesystem::create_directories(folder / "dat");
+  const TempFolder folder("kindrel", TempFolder::DataRoot);
   std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
-  platform::SetDataRoot(folder.string());
   {
     auto first = Kindrel::Create(kFleenu, 1);
     auto second = Kindrel::Create(kFleenu, 1);
@@ -170,8 +166,6 @@ TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
   auto missing = Kindrel::Create(kBluberd, 1);
   EXPECT_EQ(missing->picture->Width(), 0);
   EXPECT_EQ(missing->hitPoints, 2);
-  platform::SetDataRoot("");
-  std::filesystem::remove_all(folder);
 }
 
 }  // namespace

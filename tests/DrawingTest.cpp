@@ -18,9 +18,6 @@ namespace {
 class DrawingTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-drawing-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
-    platform::SetDataRoot(folder.string());
     game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
     ASSERT_EQ(game->started, 1);
     target = theDisplay->DrawTarget();
@@ -28,7 +25,6 @@ class DrawingTest : public ::testing::Test {
   }
   void TearDown() override {
     game.reset();
-    std::filesystem::remove_all(folder);
   }
   // A picture whose every pixel tells where it came from: 1 + x + 100 y.
   void Numbered(Picture& picture, int w, int h) {
@@ -44,7 +40,7 @@ class DrawingTest : public ::testing::Test {
     return n;
   }
 
-  std::filesystem::path folder;
+  TempFolder folder{"drawing", TempFolder::DataRoot};
   std::unique_ptr<HeadlessGame> game;
   Surface* target = nullptr;
 };

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "graphics/Display.h"
@@ -18,6 +17,7 @@
 #include "screens/HelpFile.h"
 #include "shell/Globals.h"
 #include "support/HeadlessGame.h"
+#include "support/TestData.h"
 
 namespace {
 
@@ -87,7 +87,6 @@ TEST(HelpFileTest, LongLinesAreReadInPiecesAndJunkNeverOverflows) {
 class HelpFileReadingTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-help-" + std::to_string(::getpid()));
     std::filesystem::create_directories(folder / "here");
     std::filesystem::create_directories(folder / "root" / "dat");
     previous = std::filesystem::current_path();
@@ -97,7 +96,6 @@ class HelpFileReadingTest : public ::testing::Test {
   void TearDown() override {
     std::filesystem::current_path(previous);
     platform::SetDataRoot("");
-    std::filesystem::remove_all(folder);
   }
   void Write(const std::filesystem::path& path, const std::string& content) {
     std::ofstream(path, std::ios::binary) << content;
@@ -111,7 +109,8 @@ class HelpFileReadingTest : public ::testing::Test {
     return text;
   }
 
-  std::filesystem::path folder, previous;
+  TempFolder folder{"help"};
+  std::filesystem::path previous;
   std::int32_t index = 0;
 };
 

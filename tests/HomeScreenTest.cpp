@@ -8,7 +8,7 @@ namespace {
 class HomeScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    Prepare("home", "fanfare8.wav", {1200, 2400});
+    Prepare("fanfare8.wav", {1200, 2400});
     Start('H', [] { return new HomeScreen(1, "HEAL MODE"); });
   }
   Kindrel& Put(int slot, int species, int level, int hitPoints) {

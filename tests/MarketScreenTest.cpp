@@ -13,7 +13,7 @@ const Rect kTextBox{100, 80, 540, 330};
 class MarketScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    Prepare("market", "fanfare5.wav", {700, 1400});
+    Prepare("fanfare5.wav", {700, 1400});
     std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
     Start('K', [] { return new MarketScreen(1, "MARKET MODE"); });
   }

@@ -30,11 +30,8 @@ class MenusTest : public ::testing::Test {
  protected:
   void SetUp() override {
     // A data folder with a click and a tune of our own.
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-menus-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
     WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile({9000, -9000}));
     WriteFile((folder / "dat" / "pcmonst1.wav").string(), MakeWaveFile({100, 200, 300, 200}));
-    platform::SetDataRoot(folder.string());
     game = std::make_unique<HeadlessGame>([] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }, "-F",
                                           HeadlessGame::Sound::On);
     menu = static_cast<MainMenuScreen*>(currentScreen);
@@ -46,7 +43,6 @@ class MenusTest : public ::testing::Test {
     thePlayer.difficulty = kNormal;
     thePlayer.textSpeed = 5;
     thePlayer.playerIsMale = 1;
-    std::filesystem::remove_all(folder);
   }
   const char* Top() const { return currentScreen ? currentScreen->GetName() : ""; }
   // How often a looping sound was started.
@@ -56,7 +52,7 @@ class MenusTest : public ::testing::Test {
     return n;
   }
 
-  std::filesystem::path folder;
+  TempFolder folder{"menus", TempFolder::DataRoot};
   std::unique_ptr<HeadlessGame> game;
   MainMenuScreen* menu = nullptr;
 };

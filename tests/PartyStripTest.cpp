@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 
 #include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
@@ -23,10 +22,7 @@ constexpr int kBoxTop = 375, kBoxBottom = 480;
 class PartyStripTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-strip-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
     std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
-    platform::SetDataRoot(folder.string());
     game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
     ASSERT_EQ(game->started, 1);
     target = theDisplay->DrawTarget();
@@ -35,8 +31,6 @@ class PartyStripTest : public ::testing::Test {
   void TearDown() override {
     record.ReleaseParty();
     game.reset();
-    platform::SetDataRoot("");
-    std::filesystem::remove_all(folder);
   }
   void Clear() { target->Fill(target->Bounds(), 0); }
   std::uint16_t Pixel(std::uint32_t colour) { return theDisplay->MatchColour(target, colour); }
@@ -68,7 +62,7 @@ class PartyStripTest : public ::testing::Test {
     return *record.party[slot];
   }
 
-  std::filesystem::path folder;
+  TempFolder folder{"strip", TempFolder::DataRoot};
   std::unique_ptr<HeadlessGame> game;
   Surface* target = nullptr;
   PlayerRecord record;

@@ -31,7 +31,7 @@ const std::vector<int> kFanfare{1200, 2400, 3600, 2400, 1200, 0};
 class PlaceTest : public PlaceScreenFixture, public ::testing::WithParamInterface<Place> {
  protected:
   void SetUp() override {
-    Prepare(GetParam().name, GetParam().fanfareFile, kFanfare);
+    Prepare(GetParam().fanfareFile, kFanfare);
     Start('P', GetParam().make);
     thePlayer.party[0] = Kindrel::Create(4, 2);
     thePlayer.party[3] = Kindrel::Create(4, 2);

@@ -2,7 +2,6 @@
 // holds, the name a save gets, a failed write that keeps the earlier save, and every kind
 // of broken file refused without touching the game.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -14,6 +13,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/Window.h"
+#include "support/TestData.h"
 
 namespace fs = std::filesystem;
 
@@ -40,8 +40,6 @@ std::string Slurp(const fs::path& path) {
 class SavedGameTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder = fs::temp_directory_path() / ("quarnwick-saves-" + std::to_string(::getpid()));
-    fs::create_directories(folder);
     platform::InstallBackend(&backend);
     thePlayer.difficulty = kNormal;
     thePlayer.textSpeed = 5;
@@ -56,12 +54,11 @@ class SavedGameTest : public ::testing::Test {
     }
     thePlayer.NewGameReset();
     platform::InstallBackend(nullptr);
-    fs::remove_all(folder);
   }
   std::string Path(const std::string& name) const { return (folder / name).string(); }
   std::string Saved() const { return FormatSavedGame(CaptureGame(thePlayer)); }
 
-  fs::path folder;
+  TempFolder folder{"saves"};
   platform::HeadlessBackend backend;
 };
 

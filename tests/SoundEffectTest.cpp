@@ -3,7 +3,6 @@
 // its message box (or, without a sound device, silently none). What the device then plays
 // is the mixer's to test.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -30,9 +29,6 @@ const std::vector<int> kTone = {1000, 2000, 3000, 4000};
 class SoundEffectTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-sound-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
-    platform::SetDataRoot(folder.string());
     platform::InstallBackend(&backend);
     effectsVolume = 100;
     OpenSoundOutput(0);
@@ -41,9 +37,7 @@ class SoundEffectTest : public ::testing::Test {
   void TearDown() override {
     CloseSoundOutput();
     platform::InstallBackend(nullptr);
-    platform::SetDataRoot("");
     effectsVolume = 100;
-    std::filesystem::remove_all(folder);
   }
   void Write(const std::string& name, const Bytes& bytes) { WriteFile((folder / "dat" / name).string(), bytes); }
   platform::HeadlessAudio& Audio() { return backend.AudioOutput(); }
@@ -60,7 +54,7 @@ class SoundEffectTest : public ::testing::Test {
     return boxes;
   }
 
-  std::filesystem::path folder;
+  TempFolder folder{"sound", TempFolder::DataRoot};
   platform::HeadlessBackend backend;
 };
 

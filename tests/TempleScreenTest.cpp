@@ -25,7 +25,7 @@ const char* const kThird = "The third lesson. ";
 class TempleScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    Prepare("temple", "fanfare7.wav", kFanfareSamples);
+    Prepare("fanfare7.wav", kFanfareSamples);
     std::filesystem::create_directories(folder / "here");
     previous = std::filesystem::current_path();
     std::filesystem::current_path(folder / "here");

@@ -2,7 +2,6 @@
 // order with padding, each error code from a file broken on purpose, and every cut-short
 // version of a file.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "audio/WaveReader.h"
+#include "support/TestData.h"
 #include "support/WaveBytes.h"
 
 using platform::WaveFormat;
@@ -67,12 +67,6 @@ Bytes Samples(std::size_t count, int seed) {
 
 class WaveReaderTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-wave-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder);
-  }
-  void TearDown() override { std::filesystem::remove_all(folder); }
-
   std::string Write(const Bytes& bytes, const std::string& name = "test.wav") {
     const std::string path = (folder / name).string();
     std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()),
@@ -101,7 +95,7 @@ class WaveReaderTest : public ::testing::Test {
     EXPECT_EQ(data, nullptr);
   }
 
-  std::filesystem::path folder;
+  TempFolder folder{"wave"};
   std::uint32_t size = 12345;
   std::unique_ptr<WaveFormat> format;
   std::unique_ptr<std::uint8_t[]> data;

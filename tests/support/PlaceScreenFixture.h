@@ -2,7 +2,6 @@
 // A place screen pushed above a probe standing for the world map, on a headless game with
 // a sound device and a data folder of its own that holds the click and the place's fanfare.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <functional>
@@ -24,12 +23,9 @@ class PlaceScreenFixture : public ::testing::Test {
   static inline const std::vector<int> kClickSamples{9000, -9000, 9000, -9000};
 
   // The data folder, with the click and the fanfare; more files may follow before Start.
-  void Prepare(const std::string& tag, const char* fanfareFile, const std::vector<int>& fanfare) {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-" + tag + "-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "dat");
+  void Prepare(const char* fanfareFile, const std::vector<int>& fanfare) {
     WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile(kClickSamples));
     WriteFile((folder / "dat" / fanfareFile).string(), MakeWaveFile(fanfare));
-    platform::SetDataRoot(folder.string());
   }
   // The game; the key pushes the place made by `make` above the map.
   void Start(std::uint32_t key, std::function<GameMode*()> make) {
@@ -47,8 +43,6 @@ class PlaceScreenFixture : public ::testing::Test {
   void TearDown() override {
     game.reset();
     thePlayer.ReleaseParty();
-    platform::SetDataRoot("");
-    std::filesystem::remove_all(folder);
   }
   // Comes in from the map, with the pointer out of the way.
   void Visit() {
@@ -94,7 +88,7 @@ class PlaceScreenFixture : public ::testing::Test {
     return true;
   }
 
-  std::filesystem::path folder;
+  TempFolder folder{"place", TempFolder::DataRoot};
   std::unique_ptr<HeadlessGame> game;
   std::vector<std::string> log;
   ProbeScreen* below = nullptr;
