@@ -25,12 +25,12 @@ std::uint32_t SeedRolling(int value) {
 }
 
 TEST(StatusEffectsTest, ResistanceRoll) {
-  // The comparison itself: roll x 0.01 against the resistance, equality resisting.
-  EXPECT_TRUE(ResistsRoll(0.0f, 0));
-  EXPECT_FALSE(ResistsRoll(0.0f, 1));
-  EXPECT_TRUE(ResistsRoll(1.0f, 99));
-  EXPECT_TRUE(ResistsRoll(0.5f, 50));
-  EXPECT_FALSE(ResistsRoll(0.5f, 51));
+  // The comparison itself: roll x 0.01 in double precision against the stored resistance,
+  // equality resisting. 0.1 as stored lies a hair above 0.10 and so resists a roll of 10.
+  for (const auto& [resistance, roll, resists] :
+       {std::tuple{0.0f, 0, true}, {0.0f, 1, false}, {1.0f, 99, true}, {0.5f, 50, true}, {0.5f, 51, false},
+        {0.1f, 10, true}, {0.1f, 11, false}})
+    EXPECT_EQ(ResistsRoll(resistance, roll), resists) << resistance << " against " << roll;
 
   // Through the game's generator: 1.0 resists every roll, so nothing ever lands on the
   // rock, and each attempt takes one number from the generator.
@@ -48,27 +48,16 @@ TEST(StatusEffectsTest, ResistanceRoll) {
   for (int i = 0; i < 300 * kStatusEffectCount; ++i) rock->ResistsEffect(Paralyzed);
   EXPECT_EQ(RandomState(), afterRolls);
 
-  // 0.0 still resists a roll of exactly 0, and only that.
-  auto bird = Kindrel::Create(kBluberd, 1);
-  SeedRandom(SeedRolling(0));
-  EXPECT_FALSE(bird->LayEffect(Paralyzed, 1));
-  EXPECT_EQ(bird->status[Paralyzed], 0.0f);
-  SeedRandom(SeedRolling(1));
-  EXPECT_TRUE(bird->LayEffect(Paralyzed, 1));
-  EXPECT_EQ(bird->status[Paralyzed], -1.0f);
-
-  // The roll is compared in double precision with the stored single-precision value:
-  // 0.9 as stored lies a hair below 0.90, so Fleenu (Slow 0.9) resists up to a roll of 89
-  // and no further, while 0.1 as stored lies a hair above 0.10 and resists a roll of 10.
-  auto puff = Kindrel::Create(kFleenu, 1);
-  SeedRandom(SeedRolling(89));
-  EXPECT_FALSE(puff->LayEffect(Slow, 1));
-  EXPECT_EQ(puff->status[Slow], 0.0f);
-  SeedRandom(SeedRolling(90));
-  EXPECT_TRUE(puff->LayEffect(Slow, 1));
-  EXPECT_EQ(puff->status[Slow], -1.0f);
-  EXPECT_TRUE(ResistsRoll(0.1f, 10));
-  EXPECT_FALSE(ResistsRoll(0.1f, 11));
+  // 0.0 still resists a roll of exactly 0, and only that. 0.9 as stored lies a hair below
+  // 0.90, so Fleenu (Slow 0.9) resists up to a roll of 89 and no further.
+  for (const auto& [species, effect, roll, lands] :
+       {std::tuple{kBluberd, Paralyzed, 0, false}, {kBluberd, Paralyzed, 1, true}, {kFleenu, Slow, 89, false},
+        {kFleenu, Slow, 90, true}}) {
+    auto target = Kindrel::Create(species, 1);
+    SeedRandom(SeedRolling(roll));
+    EXPECT_EQ(target->LayEffect(effect, 1), lands) << target->name << " rolling " << roll;
+    EXPECT_EQ(target->status[effect], lands ? -1.0f : 0.0f);
+  }
 }
 
 TEST(StatusEffectsTest, LandingRecoveryAndDuration) {
@@ -155,37 +144,29 @@ TEST(StatusEffectsTest, MessagesAndTheEffectsOfASpell) {
   EXPECT_EQ(StatusTarget(*bird, true), "The Bluberd ");
   EXPECT_EQ(StatusTarget(*mookie, false), "Mookie ");
 
-  // Hypnotize on the opponent: lands, and tells how long.
+  // Landed with their durations, landed without, and resisted; on either side.
+  const struct {
+    SpellIndex spell;
+    bool onTheOpponent;
+    int roll;
+    const char* message;
+  } cases[] = {
+      {kHypnotize, true, 30, "The Bluberd is paralyzed for 3 more turns!"},
+      {kGravityTrap, true, 30, "The Bluberd is paralyzed for 7 more turns!"},
+      {kPoisonSting, false, 99, "Mookie is poisoned for 3 more turns!"},
+      {kWeary, false, 10, "Mookie resists being slowed down!"},
+      {kWeary, false, 95, "Mookie is moving at half-speed for 3 more turns!"},
+      {kDuststorm, true, 50, "The Bluberd has less accuracy!"},
+      {kGlare, true, 0, "The Bluberd resists being made less defensive!"},
+  };
   std::string message;
-  SeedRandom(SeedRolling(30));
-  EXPECT_TRUE(ApplySpellEffects(spellTable[kHypnotize], *mookie, *bird, true, &message));
-  EXPECT_EQ(message, "The Bluberd is paralyzed for 3 more turns!");
-  SeedRandom(SeedRolling(30));
-  EXPECT_TRUE(ApplySpellEffects(spellTable[kGravityTrap], *mookie, *bird, true, &message));
-  EXPECT_EQ(message, "The Bluberd is paralyzed for 7 more turns!");
-
-  // Poison Sting from the level-8 bird on Mookie (who never resists poison).
-  SeedRandom(SeedRolling(99));
-  EXPECT_TRUE(ApplySpellEffects(spellTable[kPoisonSting], *bird, *mookie, false, &message));
-  EXPECT_EQ(message, "Mookie is poisoned for 3 more turns!");
-  EXPECT_EQ(mookie->poisonDamage, 3);
-
-  // Weary on Mookie, resisted on a low roll.
-  SeedRandom(SeedRolling(10));
-  EXPECT_TRUE(ApplySpellEffects(spellTable[kWeary], *bird, *mookie, false, &message));
-  EXPECT_EQ(message, "Mookie resists being slowed down!");
-  EXPECT_EQ(mookie->status[Slow], 0.0f);
-  SeedRandom(SeedRolling(95));
-  EXPECT_TRUE(ApplySpellEffects(spellTable[kWeary], *bird, *mookie, false, &message));
-  EXPECT_EQ(message, "Mookie is moving at half-speed for 3 more turns!");
-
-  // The statistics have no duration in their texts.
-  SeedRandom(SeedRolling(50));
-  ApplySpellEffects(spellTable[kDuststorm], *mookie, *bird, true, &message);
-  EXPECT_EQ(message, "The Bluberd has less accuracy!");
-  SeedRandom(SeedRolling(0));
-  ApplySpellEffects(spellTable[kGlare], *mookie, *bird, true, &message);
-  EXPECT_EQ(message, "The Bluberd resists being made less defensive!");
+  for (const auto& c : cases) {
+    SeedRandom(SeedRolling(c.roll));
+    Kindrel& caster = c.onTheOpponent ? *mookie : *bird;
+    Kindrel& target = c.onTheOpponent ? *bird : *mookie;
+    EXPECT_TRUE(ApplySpellEffects(spellTable[c.spell], caster, target, c.onTheOpponent, &message));
+    EXPECT_EQ(message, c.message);
+  }
 
   // A name with a '%' in it is shown as it is.
   mookie->SetName("100% Mookie");
