@@ -69,14 +69,6 @@ class PartyStripTest : public ::testing::Test {
 };
 
 TEST_F(PartyStripTest, BoxesAndHitPointBars) {
-  for (int k = 0; k < kPartySize; ++k) {
-    const Rect box = PartyBoxRect(k);
-    EXPECT_EQ(box.left, 6 + 105 * k);
-    EXPECT_EQ(box.right, 110 + 105 * k);
-    EXPECT_EQ(box.top, kBoxTop);
-    EXPECT_EQ(box.bottom, kBoxBottom);
-  }
-
   // Full (8 of 8), half (4 of 8), a quarter (2 of 8), fainted (0 of 8); slot 4 empty;
   // a 1 of 10 in slot 5.
   Put(0, kBluberd, 4, 8, "Full");
