@@ -96,18 +96,10 @@ TEST_F(SavedGameTest, EverythingAFileHoldsComesBack) {
   thePlayer.StartNewGame();
   thePlayer.AddItem("Lost Thing");
   ASSERT_TRUE(ReadSavedGame(Path("everything.gam")));
-  EXPECT_EQ(Saved(), before);
-  EXPECT_EQ(thePlayer.party[1], nullptr);
-  EXPECT_EQ(thePlayer.party[2], nullptr);
+  EXPECT_EQ(Saved(), before) << "the game as it was, empty slots, places and items included";
+  // Names are written as they are, never read as formats.
   EXPECT_STREQ(thePlayer.party[3]->name, "  100% Gradon");
   EXPECT_STREQ(thePlayer.party[0]->name, "%s%d");
-  EXPECT_EQ(thePlayer.party[3]->hitPoints, 0);
-  EXPECT_STREQ(thePlayer.currentLocation->name, "Market");
-  EXPECT_EQ(locationTable[10].open, 1);
-  ASSERT_NE(thePlayer.items.First(), nullptr);
-  EXPECT_STREQ(thePlayer.items.First()->GetName(), "Brass Key");
-  EXPECT_STREQ(thePlayer.items.Next()->GetName(), "Old Map");
-  EXPECT_EQ(thePlayer.items.Next(), nullptr);
 }
 
 TEST_F(SavedGameTest, ReadingRulesOfTheFile) {
