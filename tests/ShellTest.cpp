@@ -46,10 +46,7 @@ class StackTest : public ::testing::Test {
     game = std::make_unique<HeadlessGame>([this, first] { return Make(first, bound[first]); });
     ASSERT_EQ(game->started, 1);
   }
-  void Press(std::uint32_t key) {
-    game->backend.KeyPress(key);
-    game->RunFor(50);
-  }
+  void Press(std::uint32_t key) { game->Key(key, 50); }
 
   std::vector<std::string> log;
   std::map<std::string, std::vector<Requests>> bound;
@@ -79,29 +76,23 @@ TEST_F(StackTest, PushLeaveAndReplaceActivateOnlyTheNewTop) {
 }
 
 TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
-  // A push with nothing to push.
-  bound["A"] = {{'P', kStatePush, nullptr}};
-  Start("A");
-  Press('P');
-  ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
-  EXPECT_EQ(game->backend.MessageBoxes()[0].text, "No new game mode; expected one!");
-  EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
-  EXPECT_TRUE(game->application->Ended());
-  EXPECT_FALSE(game->backend.WindowOpen());
-  game.reset();
-
-  // The last screen leaves.
-  log.clear();
-  bound["A"] = {{'L', kStateLeave, nullptr}};
-  Start("A");
-  Press('L');
-  ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
-  EXPECT_EQ(game->backend.MessageBoxes()[0].text, "No game mode on stack; expected one!");
-  EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
-  EXPECT_TRUE(game->application->Ended());
-  EXPECT_EQ(game->application->ExitCode(), 0);
-  EXPECT_EQ(currentScreen, nullptr);
-  EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
+  // A push with nothing to push, and the last screen leaving.
+  for (const auto& [state, text] : {std::pair{kStatePush, "No new game mode; expected one!"},
+                                    {kStateLeave, "No game mode on stack; expected one!"}}) {
+    log.clear();
+    bound["A"] = {{'X', state, nullptr}};
+    Start("A");
+    Press('X');
+    ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
+    EXPECT_EQ(game->backend.MessageBoxes()[0].text, text);
+    EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
+    EXPECT_TRUE(game->application->Ended());
+    EXPECT_EQ(game->application->ExitCode(), 0);
+    EXPECT_FALSE(game->backend.WindowOpen());
+    if (state == kStateLeave) EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
+    if (state == kStateLeave) EXPECT_EQ(currentScreen, nullptr);
+    game.reset();
+  }
 }
 
 TEST_F(StackTest, ShutdownDeactivatesTheTopAndDeletesTopFirst) {
