@@ -51,6 +51,10 @@ TEST_P(PlaceTest, EveryVisitIsGreetedAndLeftWithAClick) {
   Visit();
   EXPECT_EQ(Plays(kFanfare), 1) << "the fanfare greets the visit";
   EXPECT_EQ(Lit(), p.lit);
+  Key(platform::VK_DOWN);
+  EXPECT_NE(Lit(), p.lit);
+  Key(platform::VK_UP);
+  EXPECT_EQ(Lit(), p.lit) << "Down and Up move the light and back";
   EXPECT_GT(StripLit(3), 100) << "the party strip";
   EXPECT_EQ(StripLit(1), 0);
   // Beside every widget nothing happens; nor does the box of an empty slot, which lights.
