@@ -153,27 +153,21 @@ TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheSoundOver) {
 }
 
 TEST_F(SoundEffectTest, EveryFailureShowsItsBox) {
-  // A wave that cannot be read gives no sound.
-  Bytes broken = MakeWaveFile(kTone);
-  broken.resize(broken.size() - 3);
-  Write("broken.wav", broken);
-  const Box unreadable{"Bad wave file or file too big to fit in memory", "Cannot load wave"};
+  // A wave that cannot be read (the reader's tests have every kind) gives no sound; nor
+  // does a buffer the device refuses.
   EXPECT_EQ(LoadSound(0, "dat\\missing.wav"), nullptr);
-  EXPECT_EQ(LoadSound(0, "dat\\broken.wav"), nullptr);
-  EXPECT_EQ(Boxes(), (std::vector<Box>{unreadable, unreadable}));
   EXPECT_TRUE(Requests().empty());
-
-  // A buffer the device refuses: a format it does not play, or no buffer at all.
   const Box refused{"Cannot create new buffer", "Direct Sound Error"};
-  Write("compressed.wav", MakeWaveFile(kTone, 2, Bytes{0xF4, 0x01}));
+  Write("compressed.wav", MakeWaveFile(kTone, 2, Bytes{0xF4, 0x01}));  // a format it does not play
   EXPECT_EQ(LoadSound(0, "dat\\compressed.wav"), nullptr);
   Audio().FailCreate(true);
   EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
-  EXPECT_EQ(Boxes(), (std::vector<Box>{unreadable, unreadable, refused, refused}));
+  EXPECT_EQ(Boxes(), (std::vector<Box>{{"Bad wave file or file too big to fit in memory", "Cannot load wave"},
+                                       refused, refused}));
   EXPECT_EQ(Audio().LiveBuffers(), 0);
+  Audio().FailCreate(false);
 
   // A failed start, then a failed rewind.
-  Audio().FailCreate(false);
   SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
   Audio().FailPlay(true);
   PlaySound(0, sound);
@@ -185,7 +179,7 @@ TEST_F(SoundEffectTest, EveryFailureShowsItsBox) {
   Audio().FailRewind(true);
   PlaySound(0, sound);
   EXPECT_EQ(Boxes().back(), (Box{"Cannot set current position", "Direct Sound Error"}));
-  EXPECT_EQ(Boxes().size(), 6u);
+  EXPECT_EQ(Boxes().size(), 5u);
   FreeSound(sound);
 }
 
