@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "graphics/Blit.h"
 #include "graphics/Picture.h"
@@ -147,7 +148,11 @@ TEST_F(DrawingTest, LostSurfacesComeBackFromTheirFiles) {
 TEST_F(DrawingTest, TextIsAlignedWrappedAndClipped) {
   SetTextColour(255, 255, 255);
   SetTextTransparent(1);
-  auto columns = [&](const Rect& r) {
+  // Draws on a cleared frame; gives the height drawn and the first and last columns lit,
+  // every lit pixel inside the rectangle.
+  auto draw = [&](const char* text, const Rect& r, unsigned format) {
+    theDisplay->ClearScreen(0, 0, 0);
+    const int height = DrawTextBox(1, text, r, nullptr, format);
     int first = 640, last = -1;
     for (int y = 0; y < 480; ++y)
       for (int x = 0; x < 640; ++x)
@@ -156,31 +161,22 @@ TEST_F(DrawingTest, TextIsAlignedWrappedAndClipped) {
           first = std::min(first, x);
           last = std::max(last, x);
         }
-    return std::pair(first, last);
+    return std::tuple(height, first, last);
   };
   const Rect box{100, 50, 500, 90};
-  DrawTextBox(1, "Battle!", box, nullptr, DT_LEFT);
-  const auto [leftFirst, leftLast] = columns(box);
+  const auto [h1, leftFirst, leftLast] = draw("Battle!", box, DT_LEFT);
   EXPECT_LE(leftFirst - box.left, 2);
-  theDisplay->ClearScreen(0, 0, 0);
-  DrawTextBox(1, "Battle!", box, nullptr, DT_RIGHT);
-  const auto [rightFirst, rightLast] = columns(box);
+  const auto [h2, rightFirst, rightLast] = draw("Battle!", box, DT_RIGHT);
   EXPECT_LE(box.right - 1 - rightLast, 2);
   EXPECT_EQ(rightLast - rightFirst, leftLast - leftFirst);
-  theDisplay->ClearScreen(0, 0, 0);
-  DrawTextBox(1, "Battle!", box, nullptr, DT_CENTER);
-  const auto [centreFirst, centreLast] = columns(box);
+  const auto [h3, centreFirst, centreLast] = draw("Battle!", box, DT_CENTER);
   EXPECT_NEAR(centreFirst - box.left, box.right - 1 - centreLast, 2);
 
   // Wrapping makes more lines; without it the text is cut at the rectangle.
   const char* longText = "The wizards of the island wait in their towers, one for every tier.";
   const Rect narrow{20, 100, 140, 300};
-  theDisplay->ClearScreen(0, 0, 0);
-  const int oneLine = DrawTextBox(1, longText, narrow, nullptr, DT_LEFT);
-  columns(narrow);
-  theDisplay->ClearScreen(0, 0, 0);
-  const int wrapped = DrawTextBox(1, longText, narrow, nullptr, DT_LEFT | DT_WORDBREAK);
-  columns(narrow);
+  const int oneLine = std::get<0>(draw(longText, narrow, DT_LEFT));
+  const int wrapped = std::get<0>(draw(longText, narrow, DT_LEFT | DT_WORDBREAK));
   EXPECT_GT(oneLine, 0);
   EXPECT_GE(wrapped, 4 * oneLine);
   EXPECT_EQ(wrapped % oneLine, 0);
