@@ -231,10 +231,9 @@ TEST_F(WaveReaderTest, FilesThatCannotBeOpened) {
   EXPECT_EQ(WaveLoadFile((folder / "folder.wav").string(), size, format, data), kWaveCannotOpen);
   ExpectNothingLoaded();
 
+  // Opening a file that is no wave leaves nothing open.
   std::unique_ptr<WaveFile> file;
   RiffChunk riff;
-  EXPECT_EQ(WaveOpenFile((folder / "missing.wav").string(), file, format, riff), kWaveCannotOpen);
-  EXPECT_EQ(file, nullptr);
   EXPECT_EQ(WaveOpenFile(Write(Riff({{"data", Samples(4, 1)}})), file, format, riff), kWaveChunkNotFound);
   EXPECT_EQ(file, nullptr);
   EXPECT_EQ(format, nullptr);
