@@ -118,29 +118,28 @@ TEST(SoundMixer, VolumeIsInHundredthsOfADecibel) {
   EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{20000, -20000}));
 }
 
-TEST(SoundMixer, AVoicePlaysOnceThenStopsAtItsStart) {
+TEST(SoundMixer, AVoicePlaysOnceStopsAtItsStartAndRewindsWithoutStopping) {
   AudioMixer mixer;
   const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({1, 2, 3}));
   EXPECT_FALSE(mixer.IsPlaying(voice));
   EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));  // made stopped
   mixer.Play(voice, false);
   EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{1, 2}));
+  ASSERT_TRUE(mixer.Rewind(voice));
   EXPECT_TRUE(mixer.IsPlaying(voice));
-  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{3, 0}));
+  EXPECT_EQ(Left(Render(mixer, 4, 8000, 2)), (std::vector<int>{1, 2, 3, 0}));
   EXPECT_FALSE(mixer.IsPlaying(voice));
   mixer.Play(voice, false);
   EXPECT_EQ(Left(Render(mixer, 3, 8000, 2)), (std::vector<int>{1, 2, 3}));
-  EXPECT_FALSE(mixer.IsPlaying(voice));
-}
 
-TEST(SoundMixer, RewindStartsAVoiceOverWithoutStoppingIt) {
-  AudioMixer mixer;
-  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({1, 2, 3, 4}));
-  mixer.Play(voice, false);
-  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{1, 2}));
-  ASSERT_TRUE(mixer.Rewind(voice));
-  EXPECT_TRUE(mixer.IsPlaying(voice));
-  EXPECT_EQ(Left(Render(mixer, 5, 8000, 2)), (std::vector<int>{1, 2, 3, 4, 0}));
+  // A removed voice is gone and silent.
+  mixer.Play(voice, true);
+  mixer.Remove(voice);
+  EXPECT_EQ(mixer.VoiceCount(), 0u);
+  EXPECT_FALSE(mixer.Play(voice, true));
+  EXPECT_FALSE(mixer.Rewind(voice));
+  EXPECT_FALSE(mixer.IsPlaying(voice));
+  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));
 }
 
 TEST(SoundMixer, OnlyPlainPcmOfEightOrSixteenBitsInOneOrTwoChannels) {
@@ -167,18 +166,6 @@ TEST(SoundMixer, OnlyPlainPcmOfEightOrSixteenBitsInOneOrTwoChannels) {
   extensible.extra[6] = 0x03;  // floating point
   EXPECT_EQ(mixer.Add(extensible, some), 0u);
   EXPECT_EQ(mixer.VoiceCount(), 2u);
-}
-
-TEST(SoundMixer, ARemovedVoiceIsGoneAndSilent) {
-  AudioMixer mixer;
-  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({500, 500}));
-  mixer.Play(voice, true);
-  mixer.Remove(voice);
-  EXPECT_EQ(mixer.VoiceCount(), 0u);
-  EXPECT_FALSE(mixer.Play(voice, true));
-  EXPECT_FALSE(mixer.Rewind(voice));
-  EXPECT_FALSE(mixer.IsPlaying(voice));
-  EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));
 }
 
 TEST(SoundMixer, BuffersOfTheMixerOutliveItsDevice) {
