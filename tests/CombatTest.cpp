@@ -247,4 +247,23 @@ TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
   EXPECT_EQ(combat->opponentOffsetX, 0.0f) << "the new opponent stands in its place";
 }
 
+TEST_F(CombatTest, ASpellGainedByALevelUpShowsFromTheNextChange) {
+  // A level-4 Fleenu one point short of level 5, where it learns its third spell.
+  thePlayer.NewGameReset();
+  thePlayer.party[0] = Kindrel::Create(kFleenu, 4);
+  thePlayer.party[0]->experience = 159;
+  Fight({{kBluberd, 1}, {kBluberd, 1}}, 0);
+  WaitForChoice();
+  Sure(*thePlayer.party[0]);
+  combat->opponent->hitPoints = 1;
+  CastSpell(0);
+  ASSERT_TRUE(RunUntil([&] { return combat->opponentIndex == 1 && InPhase(kPhaseWaiting); }));
+  ASSERT_EQ(thePlayer.party[0]->spellsKnown, 3);
+  EXPECT_EQ(combat->widgets.FindById(kFirstSpellButton + 2), nullptr) << "the buttons of the combat's start";
+  EXPECT_EQ(combat->widgets.current->GetId(), static_cast<std::uint32_t>(kFirstSpellButton)) << "the highlight stays";
+  Click(580, 330);  // Change, to the same creature
+  Click(50, 420);
+  ASSERT_NE(combat->widgets.FindById(kFirstSpellButton + 2), nullptr);
+}
+
 }  // namespace

@@ -228,12 +228,12 @@ void CombatMode::HandleFaint() {
   const int span = 20 * opponent->level - 10;
   const int award = thePlayer.difficulty == kHard ? span / 3 : span / 2;
   Kindrel& winner = *Active();
-  const int knewBefore = winner.spellsKnown;
   if (winner.AddExperience(static_cast<std::uint32_t>(award))) {
+    // A spell learnt here gets its button with the next change of creature or combat: the
+    // buttons are built only then.
     Show(Format("%s is now level %d!", winner.name, winner.level), 2 * textDelay);
     phase = kPhaseLevelUpShown;
     PlaySound(0, levelUpSound);
-    if (winner.spellsKnown != knewBefore) BuildSpellButtons();  // a new spell is ready at once
   } else {
     Show(Format("The %s retreats!", opponent->name), textDelay);
     combatResult = 0;
