@@ -266,4 +266,14 @@ TEST_F(CombatTest, ASpellGainedByALevelUpShowsFromTheNextChange) {
   ASSERT_NE(combat->widgets.FindById(kFirstSpellButton + 2), nullptr);
 }
 
+TEST_F(CombatTest, AnOpponentRowBelowLevelOneFightsAtLevelOne) {
+  for (const int level : {0, -3}) {
+    game.reset();
+    thePlayer.StartNewGame();
+    Fight({{kGradon, level}});
+    EXPECT_EQ(combat->message, "Mookie is battling a Gradon!") << level;
+    EXPECT_EQ(combat->opponent->level, 1) << level;
+  }
+}
+
 }  // namespace

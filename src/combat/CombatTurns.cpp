@@ -2,6 +2,8 @@
 // of a turn, the hit test, the damage, the status effects and every message in order; then
 // catching, fainting, the experience award and the end of the combat. The order of the
 // random calls is part of the rules.
+#include <algorithm>
+
 #include "audio/SoundEffect.h"
 #include "combat/CombatMode.h"
 #include "creatures/PlayerRecord.h"
@@ -260,7 +262,8 @@ void CombatMode::NextOpponent() {
 
 void CombatMode::CreateOpponent() {
   const SpeciesInfo* row = opponentList ? opponentList[opponentIndex] : nullptr;
-  opponent = row ? Kindrel::Create(row->index, row->encounterLevel) : nullptr;
+  // A level below 1 is taken as 1: the creature's growth starts there.
+  opponent = row ? Kindrel::Create(row->index, std::max(row->encounterLevel, 1)) : nullptr;
   if (!opponent) opponent = Kindrel::Create(0, 1);  // a row the table does not know
   // It faces the player's creature.
   if (opponent->picture) opponent->picture->Mirror();
