@@ -78,7 +78,8 @@ TEST_F(SavedGameTest, ANewGameSavesAsItsWorkedFileAndLoadsBack) {
 TEST_F(SavedGameTest, EverythingAFileHoldsComesBack) {
   thePlayer.party[3] = Kindrel::Create(32, 7);
   thePlayer.party[3]->hitPoints = 0;  // fainted
-  thePlayer.party[3]->experience = 400;
+  thePlayer.party[3]->experience = 3000000000u;  // above the largest signed number
+  thePlayer.party[0]->hitPoints = 50;             // above its maximum, kept as it is
   thePlayer.party[3]->SetName("  100% Gradon");
   thePlayer.party[0]->SetName("%s%d");
   thePlayer.currentLocation = &locationTable[8];
@@ -114,6 +115,11 @@ TEST_F(SavedGameTest, ReadingRulesOfTheFile) {
   EXPECT_EQ(game->party[0]->name, "Mookie") << "the carriage return is no part of the name";
   EXPECT_EQ(game->party[0]->hitPoints, 3);
   EXPECT_EQ(game->items, std::vector<std::string>{"Brass Key"});
+
+  // Experience written as a negative number is its unsigned 32-bit value.
+  text = kNewGameFile;
+  text.replace(text.find("4 1 3 0\n"), 8, "4 1 3 -1294967296\n");
+  EXPECT_EQ(ParseSavedGame(text, nullptr)->party[0]->experience, 3000000000u);
 
   // No end mark: the items end with the file.
   text = kNewGameFile;
@@ -180,7 +186,9 @@ TEST_F(SavedGameTest, BrokenFilesAreRefusedAndTheGameStays) {
   refused(with("4 1 3 0", "36 1 3 0"), "a species outside the table");
   refused(with("4 1 3 0", "-1 1 3 0"), "a negative species");
   refused(with("4 1 3 0", "4 0 3 0"), "level 0");
-  refused(with("4 1 3 0", "4 1 30000 0"), "more hit points than the creature can have");
+  refused(with("4 1 3 0", "4 1 10737419 0"), "more hit points than a bar can count");
+  refused(with("4 1 3 0", "4 1 -1 0"), "negative hit points");
+  refused(with("4 1 3 0", "4 1 3 4294967296"), "experience beyond 32 bits");
   refused(with("4 1 3 0", "4 1 3 99999999999999"), "an absurd number");
   refused(with("1 1 5 0", "1 1 11 0"), "text speed 11");
   refused(with("0 0 0 0 0 0 \n", "0 0 2 0 0 0 \n"), "a wizard's flag of 2");

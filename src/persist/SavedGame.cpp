@@ -12,6 +12,9 @@
 namespace {
 
 constexpr int kHighestLevel = 9999;
+// The hit-point bars multiply the hit points by their width in pixels (200 at most); more
+// than this would not fit a 32-bit number there.
+constexpr int kMostHitPoints = INT_MAX / 200;
 constexpr std::size_t kLongestFile = 1 << 20;
 constexpr std::size_t kItemLine = 126;  // longer item lines are read in pieces of this size
 
@@ -30,7 +33,7 @@ class Reader {
     std::size_t digits = 0;
     while (at < text.size() && std::isdigit(static_cast<unsigned char>(text[at]))) {
       value = value * 10 + (text[at++] - '0');
-      if (value > INT_MAX + 1LL) return std::nullopt;  // far too large to be a number of the game
+      if (value > UINT32_MAX) return std::nullopt;  // far too large to be a number of the game
       ++digits;
     }
     if (digits == 0) return std::nullopt;
@@ -93,9 +96,16 @@ bool ReadCreature(Reader& in, SavedCreature* creature, std::string* error) {
   creature->name = name->substr(0, 63);
   if (!Number(in, "the species", 0, kSpeciesCount - 1, &creature->species, error)) return false;
   if (!Number(in, "the level", 1, kHighestLevel, &creature->level, error)) return false;
-  const int most = SpeciesAt(creature->species)->toughness * creature->level;
-  if (!Number(in, "the hit points", 0, most, &creature->hitPoints, error)) return false;
-  return Number(in, "the experience", 0, INT_MAX, &creature->experience, error);
+  if (!Number(in, "the hit points", 0, kMostHitPoints, &creature->hitPoints, error)) return false;
+  // Experience is unsigned. A negative number is taken modulo 2^32, as "%d" stores it in
+  // an unsigned field.
+  const auto experience = in.Int();
+  if (!experience || *experience < INT_MIN) {
+    *error = Format("line %d: the experience is missing or not a number", in.LineNumber());
+    return false;
+  }
+  creature->experience = static_cast<std::uint32_t>(*experience);
+  return true;
 }
 
 }  // namespace
@@ -107,7 +117,7 @@ SavedGame CaptureGame(const PlayerRecord& record) {
   game.mapY = here->mapY;
   for (int slot = 0; slot < kPartySize; ++slot) {
     const Kindrel* k = record.party[slot].get();
-    if (k) game.party[slot] = SavedCreature{k->name, k->species->index, k->level, k->hitPoints, static_cast<int>(k->experience)};
+    if (k) game.party[slot] = SavedCreature{k->name, k->species->index, k->level, k->hitPoints, k->experience};
   }
   for (int row = 0; row < kLocationCount; ++row) game.open[row] = locationTable[row].open;
   for (int t = 0; t < kWizardCount; ++t) game.wizardDefeated[t] = record.wizardDefeated[t];
@@ -128,7 +138,7 @@ std::string FormatSavedGame(const SavedGame& game) {
       continue;
     }
     out += "YES\n" + slot->name + "\n";
-    out += Format("%d %d %d %d\n", slot->species, slot->level, slot->hitPoints, slot->experience);
+    out += Format("%d %d %d %u\n", slot->species, slot->level, slot->hitPoints, slot->experience);
   }
   for (int flag : game.open) out += flag ? "1 " : "0 ";
   out += "\n";
@@ -188,7 +198,7 @@ void ApplySavedGame(const SavedGame& game, PlayerRecord& record) {
     auto creature = Kindrel::Create(saved->species, saved->level);
     if (!creature) continue;
     creature->hitPoints = saved->hitPoints;
-    creature->experience = static_cast<std::uint32_t>(saved->experience);
+    creature->experience = saved->experience;
     creature->SetName(saved->name.c_str());
     record.party[slot] = std::move(creature);
   }

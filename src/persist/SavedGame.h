@@ -4,6 +4,7 @@
 // written whole to a temporary file beside the target and then renamed over it, so an old
 // save is never half overwritten; a load is read and checked whole before any of the game
 // is replaced.
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,8 +16,8 @@ struct SavedCreature {
   std::string name;
   int species = 0;
   int level = 1;
-  int hitPoints = 0;
-  int experience = 0;
+  int hitPoints = 0;  // kept as read, also above the creature's maximum
+  std::uint32_t experience = 0;
 };
 
 struct SavedGame {
