@@ -65,7 +65,8 @@ TEST_F(AreaCheckTest, AWellMadePairOfAreasPasses) {
 }
 
 TEST_F(AreaCheckTest, EveryKindOfFaultIsFound) {
-  const std::string longText(700, 'w');
+  std::string longText;
+  for (int i = 0; i < 140; ++i) longText += "word ";
   struct Case {
     std::string area;
     std::string problem;
@@ -85,6 +86,8 @@ TEST_F(AreaCheckTest, EveryKindOfFaultIsFound) {
       {Room("100001", "1000001", "1000001"), "rows are shorter than the last one"},
       {Room("1000001", "1000001", "1000001", "AREA z 1 1 1 1\n"), "the encounter area 'z' has no cell"},
       {Room("1E00001", "1000001", "1000001", "EVENT E\nMAINTEXT " + longText + "\n"), "too long for the panel"},
+      {Room("1E00001", "1000001", "1000001", "EVENT E\nMAINTEXT " + std::string(60, 'w') + "\n"),
+       "has a line wider than the panel"},
       {Room("1E00001", "1000001", "1000001", "EVENT E\nNEEDS Oar\n"), "needs an item but says nothing"},
       {Room("1E00001", "1000001", "1000001", "EVENT E\nMAINTEXT A lamp.\nGIVES Lamp\n"), "'Lamp' is given but needed nowhere"},
       {"ROW 1111\nROW 1001\nROW 1111\n", "there is no exit"},

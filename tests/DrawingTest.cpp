@@ -9,6 +9,7 @@
 #include "graphics/Picture.h"
 #include "graphics/Text.h"
 #include "platform/DataPath.h"
+#include "platform/DrawText.h"
 #include "platform/Window.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
@@ -188,6 +189,35 @@ TEST_F(DrawingTest, TextIsAlignedWrappedAndClipped) {
   EXPECT_EQ(target->At(box.left, box.top), platform::Rgb565(0, 0, 40));
   EXPECT_EQ(target->At(box.left, box.top + oneLine), 0) << "only the line's cell";
   EXPECT_EQ(target->At(box.right - 1, box.top), 0) << "only the text's width";
+}
+
+TEST_F(DrawingTest, TheLinesOfAText) {
+  platform::Font* font = theDisplay->FontAt(2);
+  ASSERT_NE(font, nullptr);
+  struct Case {
+    const char* text;
+    unsigned format;
+    std::vector<std::string> lines;
+  };
+  const Case cases[] = {
+      // A word wider than the line stands alone, whole; the rectangle clips it.
+      {"Go ABCDEFGHIJKLMNOP now", DT_WORDBREAK, {"Go", "ABCDEFGHIJKLMNOP", "now"}},
+      {"ABCDEFGHIJKLMNOP", DT_CENTER | DT_WORDBREAK, {"ABCDEFGHIJKLMNOP"}},
+      // Either order of carriage return and line feed is one break; two alike are two.
+      {"one\n\rtwo", DT_LEFT, {"one", "two"}},
+      {"one\r\ntwo", DT_LEFT, {"one", "two"}},
+      {"one\n\ntwo\r\rthree", DT_LEFT, {"one", "", "two", "", "three"}},
+      // A single '&' at the very end is drawn; "&&" is one '&'; '&' marks the next letter.
+      {"Salt&", DT_LEFT, {"Salt&"}},
+      {"Salt&&Pepper &Go", DT_LEFT, {"Salt&Pepper Go"}},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> lines;
+    for (const platform::TextLine& line : platform::LayoutText(*font, c.text, 60, c.format)) lines.push_back(line.text);
+    EXPECT_EQ(lines, c.lines) << c.text;
+  }
+  EXPECT_EQ(platform::LayoutText(*font, "Salt&", 60, DT_LEFT)[0].underlined, std::vector<int>{});
+  EXPECT_EQ(platform::LayoutText(*font, "&Go", 60, DT_LEFT)[0].underlined, std::vector<int>{0});
 }
 
 TEST_F(DrawingTest, EveryFontSlotDrawsText) {

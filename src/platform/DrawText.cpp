@@ -7,27 +7,33 @@
 namespace platform {
 namespace {
 
-// One paragraph with its prefix marks resolved.
-TextLine ResolvePrefixes(std::string_view paragraph) {
+// One paragraph with its prefix marks resolved. A single '&' that ends the whole text
+// marks nothing and is drawn; one that ends a paragraph before a line break is dropped.
+TextLine ResolvePrefixes(std::string_view paragraph, bool endsText) {
   TextLine out;
   for (std::size_t i = 0; i < paragraph.size(); ++i) {
     if (paragraph[i] == '&') {
-      if (i + 1 < paragraph.size() && paragraph[i + 1] != '&') out.underlined.push_back(static_cast<int>(out.text.size()));
-      if (i + 1 < paragraph.size()) ++i;
-      else continue;
+      if (i + 1 == paragraph.size()) {
+        if (endsText) out.text += '&';
+        continue;
+      }
+      if (paragraph[i + 1] != '&') out.underlined.push_back(static_cast<int>(out.text.size()));
+      ++i;
     }
     out.text += paragraph[i];
   }
   return out;
 }
 
+// A carriage return and a line feed next to each other, in either order, are one break.
 std::vector<std::string_view> SplitParagraphs(std::string_view text) {
   std::vector<std::string_view> paragraphs;
   std::size_t start = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] != '\r' && text[i] != '\n') continue;
     paragraphs.push_back(text.substr(start, i - start));
-    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+    const char other = text[i] == '\r' ? '\n' : '\r';
+    if (i + 1 < text.size() && text[i + 1] == other) ++i;
     start = i + 1;
   }
   paragraphs.push_back(text.substr(start));
@@ -43,26 +49,21 @@ TextLine Slice(const TextLine& whole, std::size_t from, std::size_t to) {
   return line;
 }
 
-// Greedy wrapping at spaces; a word wider than the whole line is broken between letters.
+// Greedy wrapping at spaces. Each line takes at least one word: a word wider than the
+// whole line stands alone and the rectangle clips it; words are never split.
 void Wrap(Font& font, const TextLine& paragraph, int width, std::vector<TextLine>& out) {
   const std::string& p = paragraph.text;
   const std::size_t n = p.size();
   std::size_t pos = 0;
   do {
     std::size_t fit = std::string::npos;
-    std::size_t i = pos;
-    while (i < n || fit == std::string::npos) {
+    for (std::size_t i = pos;;) {
       std::size_t j = i;
       while (j < n && p[j] == ' ') ++j;
       while (j < n && p[j] != ' ') ++j;
-      if (font.Measure(std::string_view(p).substr(pos, j - pos)) > width) break;
-      fit = j;
-      i = j;
+      if (fit != std::string::npos && font.Measure(std::string_view(p).substr(pos, j - pos)) > width) break;
+      fit = i = j;
       if (j >= n) break;
-    }
-    if (fit == std::string::npos) {
-      fit = pos + 1;
-      while (fit < n && p[fit] != ' ' && font.Measure(std::string_view(p).substr(pos, fit + 1 - pos)) <= width) ++fit;
     }
     std::size_t end = fit;
     while (end > pos && p[end - 1] == ' ' && end != n) --end;
@@ -110,8 +111,9 @@ std::uint16_t Packed(std::uint32_t colour) {
 
 std::vector<TextLine> LayoutText(Font& font, std::string_view text, int width, unsigned format) {
   std::vector<TextLine> lines;
-  for (std::string_view paragraph : SplitParagraphs(text)) {
-    TextLine resolved = ResolvePrefixes(paragraph);
+  const std::vector<std::string_view> paragraphs = SplitParagraphs(text);
+  for (std::size_t k = 0; k < paragraphs.size(); ++k) {
+    TextLine resolved = ResolvePrefixes(paragraphs[k], k + 1 == paragraphs.size());
     if ((format & DT_WORDBREAK) && !resolved.text.empty()) {
       Wrap(font, resolved, width, lines);
     } else {

@@ -30,7 +30,8 @@ struct TextLine {
 };
 
 // The lines the text is drawn in. An '&' marks the next character (drawn underlined);
-// "&&" stands for one '&'.
+// "&&" stands for one '&', and a single '&' at the very end is drawn as it is. Word
+// wrapping breaks lines at spaces only.
 std::vector<TextLine> LayoutText(Font& font, std::string_view text, int width, unsigned format);
 
 // Returns the height of the drawn text. Draws nothing on a lost or locked surface.
