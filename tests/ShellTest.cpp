@@ -160,6 +160,41 @@ TEST_F(StackTest, FramesComeAtMostEvery34MillisecondsAndWaitForMessages) {
   EXPECT_LE(a->ticks.size(), before + 1);
 }
 
+TEST_F(StackTest, TheFrameClockAcrossTheWrapOfTheMillisecondCount) {
+  // Frames keep their pace through the wrap; each frame takes a millisecond, and input
+  // wakes the loop every millisecond.
+  struct Timed : ProbeScreen {
+    using ProbeScreen::ProbeScreen;
+    int Tick(std::uint32_t now) override {
+      static_cast<platform::HeadlessBackend*>(platform::CurrentBackend())->Advance(1);
+      return ProbeScreen::Tick(now);
+    }
+  };
+  game = std::make_unique<HeadlessGame>([this] { return new Timed("T", &log); });
+  auto* timed = static_cast<Timed*>(currentScreen);
+  game->backend.SetTime(0xFFFFFFFFu - 100);
+  lastFrameTime = game->backend.TickCount();
+  for (int ms = 0; ms < 1000; ++ms) {
+    game->backend.MouseMove(10, 10, 1);
+    game->RunFor(1);
+  }
+  ASSERT_GE(timed->ticks.size(), 28u);
+  for (std::size_t i = 1; i < timed->ticks.size(); ++i) {
+    EXPECT_GE(timed->ticks[i] - timed->ticks[i - 1], 34u) << timed->ticks[i];
+  }
+
+  // The decisions of the loop, a frame on the last millisecond before the wrap included.
+  const std::uint32_t top = 0xFFFFFFFFu;
+  EXPECT_FALSE(FrameIsDue(top, top));
+  EXPECT_FALSE(FrameIsDue(32, top));
+  EXPECT_TRUE(FrameIsDue(33, top));
+  EXPECT_FALSE(FrameIsDue(1, top - 31));
+  EXPECT_TRUE(FrameIsDue(34, 0));
+  EXPECT_EQ(MillisecondsToNextFrame(top, top), 34u);
+  EXPECT_EQ(MillisecondsToNextFrame(20, top), 13u);
+  EXPECT_EQ(MillisecondsToNextFrame(33, top), 0u);
+}
+
 TEST(StartUpTest, DisplayFailuresShowTheirReasonAndEndTheProgram) {
   const std::pair<platform::OpenResult, const char*> cases[] = {
       {platform::OpenResult::NoVideo, "DirectDrawCreate failed."},

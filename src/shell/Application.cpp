@@ -27,6 +27,13 @@ Application::~Application() {
   pendingScreen = nullptr;
 }
 
+bool FrameIsDue(std::uint32_t now, std::uint32_t last) { return now - last > kFrameGap; }
+
+std::uint32_t MillisecondsToNextFrame(std::uint32_t now, std::uint32_t last) {
+  const std::uint32_t since = now - last;
+  return since > kFrameGap ? 0 : kFrameGap + 1 - since;
+}
+
 std::uint32_t StartingSeed() {
   if (const char* fixed = std::getenv("QUARNWICK_SEED"); fixed && *fixed) {
     return static_cast<std::uint32_t>(std::strtoul(fixed, nullptr, 0));
@@ -77,7 +84,7 @@ bool Application::Step(std::uint32_t maxWait) {
     platform::DispatchMessage(message);
     return true;
   }
-  if (currentScreen && lastFrameTime < platform::GetTickCount() - kFrameGap) {
+  if (currentScreen && FrameIsDue(platform::GetTickCount(), lastFrameTime)) {
     lastFrameTime = platform::GetTickCount();
     currentScreen->Tick(lastFrameTime);
     return true;
@@ -85,10 +92,7 @@ bool Application::Step(std::uint32_t maxWait) {
   // Nothing to do: show what was drawn, then sleep until the next frame, timer or input.
   platform::RefreshWindow();
   std::uint32_t wait = kLongestWait;
-  if (currentScreen) {
-    const std::uint32_t sinceFrame = platform::GetTickCount() - lastFrameTime;
-    wait = sinceFrame > kFrameGap ? 0 : kFrameGap + 1 - sinceFrame;
-  }
+  if (currentScreen) wait = MillisecondsToNextFrame(platform::GetTickCount(), lastFrameTime);
   if (const std::uint32_t timer = platform::MillisecondsToNextTimer(); timer < wait) wait = timer;
   if (maxWait < wait) wait = maxWait;
   platform::WaitForInput(wait);

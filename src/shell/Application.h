@@ -41,5 +41,11 @@ class Application {
   bool ended = false;
 };
 
+// Whether a frame is due at `now` after the last one at `last`: more than 33 ms have
+// passed, counted across the wrap of the 32-bit millisecond count.
+bool FrameIsDue(std::uint32_t now, std::uint32_t last);
+// How long the loop may sleep before the next frame is due; 0 when one is due.
+std::uint32_t MillisecondsToNextFrame(std::uint32_t now, std::uint32_t last);
+
 // The random seed: the tick count, or QUARNWICK_SEED when it is set.
 std::uint32_t StartingSeed();
