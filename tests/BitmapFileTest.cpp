@@ -44,6 +44,33 @@ TEST(BitmapFileTest, ChannelsAreTruncatedTo565) {
   EXPECT_EQ(image->pixels[1], (1 << 11) | (1 << 5) | 1);
 }
 
+TEST(BitmapFileTest, RunLengthPictures) {
+  const std::vector<std::uint32_t> palette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF};
+  struct Case {
+    const char* name;
+    int width;
+    std::vector<std::uint32_t> indices;  // top row first
+  };
+  const Case cases[] = {
+      {"runs-8.bmp", 4, {2, 3, 4, 1, 0, 0, 0, 2, 1, 1, 1, 0}},
+      {"runs-4.bmp", 6, {2, 3, 4, 1, 2, 3, 0, 0, 0, 2, 0, 0, 1, 2, 1, 0, 0, 0}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto bytes = ReadTestData(c.name);
+    const auto image = DecodeBitmap(bytes);
+    ASSERT_TRUE(image.has_value());
+    ASSERT_EQ(image->width, c.width);
+    ASSERT_EQ(image->height, 3);
+    for (std::size_t i = 0; i < c.indices.size(); ++i) EXPECT_EQ(image->pixels[i], Expected(palette[c.indices[i]])) << i;
+    // Cut anywhere, the file still decodes or is refused, and nothing is read past its end.
+    for (std::size_t n = 0; n < bytes.size(); ++n) DecodeBitmap(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + n));
+    auto topDown = bytes;  // height -3: run lengths are written bottom-up only
+    topDown[22] = 0xFD, topDown[23] = topDown[24] = topDown[25] = 0xFF;
+    EXPECT_FALSE(DecodeBitmap(topDown).has_value());
+  }
+}
+
 TEST(BitmapFileTest, BrokenFilesAreRefused) {
   const auto good = ReadTestData("card-24.bmp");
   ASSERT_TRUE(DecodeBitmap(good).has_value());
@@ -63,7 +90,7 @@ TEST(BitmapFileTest, BrokenFilesAreRefused) {
   EXPECT_FALSE(DecodeBitmap(patched(18, 0x7FFFFFFF, 4)).has_value()) << "absurd width";
   EXPECT_FALSE(DecodeBitmap(patched(22, 0x80000000, 4)).has_value()) << "absurd top-down height";
   EXPECT_FALSE(DecodeBitmap(patched(28, 7, 2)).has_value()) << "unknown depth";
-  EXPECT_FALSE(DecodeBitmap(patched(30, 1, 4)).has_value()) << "run-length compressed";
+  EXPECT_FALSE(DecodeBitmap(patched(30, 1, 4)).has_value()) << "run lengths on 24 bits";
   EXPECT_FALSE(DecodeBitmap(patched(10, 0xFFFFFF00, 4)).has_value()) << "pixels beyond the end";
 
   // A palette index beyond the palette shows black.

@@ -1,5 +1,6 @@
 #include "platform/BitmapFile.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
 
@@ -11,6 +12,8 @@ namespace {
 
 constexpr std::int64_t kMaxPixels = 64LL * 1024 * 1024;
 constexpr std::uint32_t kRgb = 0;
+constexpr std::uint32_t kRle8 = 1;
+constexpr std::uint32_t kRle4 = 2;
 constexpr std::uint32_t kBitFields = 3;
 
 class ByteReader {
@@ -59,6 +62,7 @@ struct Header {
   std::int64_t height = 0;  // positive: bottom-up
   int bitCount = 0;
   std::uint32_t compression = kRgb;
+  std::uint32_t imageSize = 0;  // bytes of pixel data; 0 when the file does not say
   std::size_t paletteOffset = 0;
   std::size_t paletteEntrySize = 4;
   std::uint32_t paletteCount = 0;
@@ -83,6 +87,7 @@ std::optional<Header> ReadHeader(const ByteReader& in) {
     h.height = static_cast<std::int32_t>(in.U32(22));
     h.bitCount = static_cast<int>(in.U16(28));
     h.compression = in.U32(30);
+    h.imageSize = in.U32(34);
     h.paletteCount = in.U32(46);
     if (h.compression == kBitFields) {
       // Masks follow a 40-byte header, or sit inside a larger one at the same place.
@@ -99,8 +104,11 @@ std::optional<Header> ReadHeader(const ByteReader& in) {
 bool ValidShape(const Header& h) {
   const std::int64_t rows = h.height < 0 ? -h.height : h.height;
   if (h.width <= 0 || rows <= 0 || h.width * rows > kMaxPixels) return false;
+  // Run lengths are written bottom-up only.
+  const bool runs = h.height > 0 && ((h.bitCount == 4 && h.compression == kRle4) || (h.bitCount == 8 && h.compression == kRle8));
   switch (h.bitCount) {
-    case 1: case 4: case 8: case 24: return h.compression == kRgb;
+    case 4: case 8: return h.compression == kRgb || runs;
+    case 1: case 24: return h.compression == kRgb;
     case 16: case 32: return h.compression == kRgb || h.compression == kBitFields;
     default: return false;
   }
@@ -120,6 +128,50 @@ std::optional<std::vector<Rgb>> ReadPalette(const ByteReader& in, const Header& 
   return palette;
 }
 
+// The palette indices of a picture compressed with run lengths, top row first. A pair of
+// bytes (n > 0, v) repeats v n times (with 4 bits, v's two halves in turn); a 0 escapes:
+// 0 ends the row, 1 ends the picture, 2 moves right and up by the next two bytes, and
+// n >= 3 gives n literal indices, padded to an even number of bytes. Pixels that no run
+// reaches keep index 0; runs past the right edge are clipped; every read stays inside
+// [at, end).
+std::vector<std::uint8_t> DecodeRuns(const ByteReader& in, std::size_t at, std::size_t end, const Header& h, int width,
+                                     int height) {
+  std::vector<std::uint8_t> indices(static_cast<std::size_t>(width) * height, 0);
+  const bool nibbles = h.bitCount == 4;
+  int x = 0, y = 0;  // y counts rows from the bottom, as the file stores them
+  auto put = [&](std::uint8_t index) {
+    if (x >= width) return;
+    indices[static_cast<std::size_t>(height - 1 - y) * width + x] = index;
+    ++x;
+  };
+  while (y < height && end - at >= 2) {
+    const int count = in.At(at), value = in.At(at + 1);
+    at += 2;
+    if (count > 0) {
+      for (int i = 0; i < count; ++i) put(nibbles ? (i % 2 == 0 ? value >> 4 : value & 0x0F) : value);
+    } else if (value == 0) {
+      x = 0;
+      ++y;
+    } else if (value == 1) {
+      break;
+    } else if (value == 2) {
+      if (end - at < 2) break;
+      x = std::min(x + in.At(at), width);
+      y += in.At(at + 1);
+      at += 2;
+    } else {
+      const std::size_t bytes = nibbles ? (value + 1) / 2 : value;
+      if (end - at < bytes) break;
+      for (int i = 0; i < value; ++i) {
+        const int byte = in.At(at + (nibbles ? i / 2 : i));
+        put(nibbles ? (i % 2 == 0 ? byte >> 4 : byte & 0x0F) : byte);
+      }
+      at += std::min(end - at, bytes + bytes % 2);
+    }
+  }
+  return indices;
+}
+
 }  // namespace
 
 std::optional<Image565> DecodeBitmap(std::span<const std::uint8_t> bytes) {
@@ -133,7 +185,16 @@ std::optional<Image565> DecodeBitmap(std::span<const std::uint8_t> bytes) {
   const int width = static_cast<int>(h.width);
   const int height = static_cast<int>(h.height < 0 ? -h.height : h.height);
   const std::size_t stride = ((static_cast<std::size_t>(width) * h.bitCount + 31) / 32) * 4;
-  if (!in.Has(h.pixelOffset, stride * height)) return std::nullopt;
+  const bool runs = h.compression == kRle8 || h.compression == kRle4;
+  std::vector<std::uint8_t> runIndices;
+  if (runs) {
+    if (!in.Has(h.pixelOffset, 0)) return std::nullopt;
+    std::size_t end = bytes.size();
+    if (h.imageSize != 0 && h.imageSize < end - h.pixelOffset) end = h.pixelOffset + h.imageSize;
+    runIndices = DecodeRuns(in, h.pixelOffset, end, h, width, height);
+  } else if (!in.Has(h.pixelOffset, stride * height)) {
+    return std::nullopt;
+  }
 
   std::uint32_t defaultMasks[3] = {0x7C00, 0x03E0, 0x001F};
   if (h.bitCount == 32) {
@@ -156,6 +217,10 @@ std::optional<Image565> DecodeBitmap(std::span<const std::uint8_t> bytes) {
       Rgb c{0, 0, 0};
       switch (h.bitCount) {
         case 1: case 4: case 8: {
+          if (runs) {
+            c = (*palette)[runIndices[static_cast<std::size_t>(row) * width + x]];
+            break;
+          }
           const std::size_t bit = static_cast<std::size_t>(x) * h.bitCount;
           const int shift = 8 - h.bitCount - static_cast<int>(bit % 8);
           c = (*palette)[(in.At(base + bit / 8) >> shift) & ((1 << h.bitCount) - 1)];

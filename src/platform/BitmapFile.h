@@ -1,7 +1,8 @@
 #pragma once
 // Reader of Windows bitmap files of every common depth (1, 4, 8, 16, 24 and 32 bits,
-// uncompressed or with bit-field masks, bottom-up or top-down), converted to 5-6-5 by
-// truncating each channel, the way the display drivers converted them.
+// uncompressed, with bit-field masks, or 4 and 8 bits with run lengths; bottom-up or
+// top-down), converted to 5-6-5 by truncating each channel, the way the display drivers
+// converted them.
 #include <cstdint>
 #include <optional>
 #include <span>
