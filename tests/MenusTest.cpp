@@ -13,6 +13,7 @@
 #include "creatures/PlayerRecord.h"
 #include "platform/AtomicFile.h"
 #include "platform/DataPath.h"
+#include "platform/DrawText.h"
 #include "screens/MainMenuScreen.h"
 #include "screens/OptionsScreen.h"
 #include "screens/PauseMenuScreen.h"
@@ -96,6 +97,15 @@ TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {
   // The credits, and back: still no second tune.
   game->Click(320, 385);
   ASSERT_STREQ(Top(), "INFO_MODE");
+  // Three empty lines, then three sentences, one to a line of the message's rectangle.
+  std::vector<std::string> lines;
+  for (const auto& line : platform::LayoutText(*theDisplay->FontAt(2), creditsText, 520 - 120,
+                                               platform::DT_CENTER | platform::DT_WORDBREAK)) {
+    lines.push_back(line.text);
+  }
+  ASSERT_EQ(lines.size(), 6u) << ::testing::PrintToString(lines);
+  for (int i = 0; i < 6; ++i) EXPECT_EQ(lines[i].empty(), i < 3) << lines[i];
+  for (int i = 3; i < 6; ++i) EXPECT_EQ(lines[i].back(), '.') << lines[i];
   game->Click(320, 380);
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
   EXPECT_EQ(TuneStarts(), 1);

@@ -17,9 +17,9 @@
 #include "shell/Random.h"
 
 const char* const creditsText =
-    "\n\n\nQuarnwick was written by the founding engineers of a small games studio.\n"
-    "Every picture and sound was drawn and composed by our own artists, in our own tools.\n"
-    "Thanks to our testers Ada, Bruno, Carmen, Dmitri, Esther and Felix.";
+    "\n\n\nWritten by the Quarnwick studio.\n"
+    "Our own artists made its art.\n"
+    "Thanks to Ada, Bo, Cy, Di, Eve, Flo.";
 
 namespace {
 
