@@ -154,6 +154,7 @@ TEST_F(SavedGameTest, AFailedWriteKeepsTheEarlierSave) {
   EXPECT_FALSE(WriteSavedGame(Path("keep")));
   EXPECT_EQ(Slurp(folder / "keep.gam"), kNewGameFile);
   ASSERT_EQ(backend.MessageBoxes().size(), 1u);
+  EXPECT_FALSE(backend.MessageBoxes()[0].errorIcon);
   const std::string& box = backend.MessageBoxes()[0].text;
   EXPECT_NE(box.find((folder / "keep.gam").string()), std::string::npos) << box;
   EXPECT_NE(box.find("No space left on device"), std::string::npos) << box;
@@ -173,6 +174,7 @@ TEST_F(SavedGameTest, BrokenFilesAreRefusedAndTheGameStays) {
     EXPECT_EQ(Saved(), before) << why;
     ASSERT_EQ(backend.MessageBoxes().size(), boxes + 1) << why;
     EXPECT_EQ(backend.MessageBoxes().back().caption, "Cannot load the game");
+    EXPECT_FALSE(backend.MessageBoxes().back().errorIcon);
   };
   const std::string good = kNewGameFile;
   // Every cut of the file before its settings are whole.

@@ -86,6 +86,7 @@ TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
     ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
     EXPECT_EQ(game->backend.MessageBoxes()[0].text, text);
     EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
+    EXPECT_FALSE(game->backend.MessageBoxes()[0].errorIcon);
     EXPECT_TRUE(game->application->Ended());
     EXPECT_EQ(game->application->ExitCode(), 0);
     EXPECT_FALSE(game->backend.WindowOpen());
@@ -217,6 +218,7 @@ TEST(StartUpTest, DisplayFailuresShowTheirReasonAndEndTheProgram) {
     ASSERT_EQ(backend.MessageBoxes().size(), 1u);
     EXPECT_EQ(backend.MessageBoxes()[0].text, text);
     EXPECT_EQ(backend.MessageBoxes()[0].caption, "Game Init Failure");
+    EXPECT_FALSE(backend.MessageBoxes()[0].errorIcon);
     platform::InstallBackend(nullptr);
   }
 }

@@ -180,6 +180,10 @@ TEST_F(SoundEffectTest, EveryFailureShowsItsBox) {
   PlaySound(0, sound);
   EXPECT_EQ(Boxes().back(), (Box{"Cannot set current position", "Direct Sound Error"}));
   EXPECT_EQ(Boxes().size(), 5u);
+  // The set-up failures show the error icon, the failures to play plain boxes.
+  std::vector<bool> icons;
+  for (const auto& b : backend.MessageBoxes()) icons.push_back(b.errorIcon);
+  EXPECT_EQ(icons, (std::vector<bool>{true, true, true, false, false}));
   FreeSound(sound);
 }
 

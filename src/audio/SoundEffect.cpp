@@ -27,13 +27,14 @@ SoundEffect* LoadSound(platform::WindowHandle window, const char* fileName) {
   if (!soundOutput || !fileName) return nullptr;
   auto* sound = new (std::nothrow) SoundEffect;
   if (!sound) {
-    platform::MessageBox(window, "Cannot add this file", "Out of Memory");
+    platform::MessageBox(window, "Cannot add this file", "Out of Memory", platform::MB_ICONHAND);
     return nullptr;
   }
   std::strncpy(sound->fileName, fileName, sizeof sound->fileName - 1);
 
   if (WaveLoadFile(platform::DataPath(sound->fileName), sound->size, sound->format, sound->data) != 0) {
-    platform::MessageBox(window, "Bad wave file or file too big to fit in memory", "Cannot load wave");
+    platform::MessageBox(window, "Bad wave file or file too big to fit in memory", "Cannot load wave",
+                         platform::MB_ICONHAND);
     delete sound;
     return nullptr;
   }
@@ -42,7 +43,7 @@ SoundEffect* LoadSound(platform::WindowHandle window, const char* fileName) {
   // all; it starts at full volume.
   sound->buffer = soundOutput->CreateBuffer(*sound->format, std::span(sound->data.get(), sound->size));
   if (!sound->buffer || !sound->buffer->SetVolume(platform::kVolumeFull)) {
-    platform::MessageBox(window, "Cannot create new buffer", "Direct Sound Error");
+    platform::MessageBox(window, "Cannot create new buffer", "Direct Sound Error", platform::MB_ICONHAND);
     delete sound;
     return nullptr;
   }
@@ -57,11 +58,13 @@ void PlaySound(platform::WindowHandle window, SoundEffect* sound) {
   sound->buffer->SetVolume((sound->volume - 400) * 10);
   if (sound->buffer->IsPlaying()) {
     // A sound never overlaps itself: playing it again starts it over.
-    if (!sound->buffer->Rewind()) platform::MessageBox(window, "Cannot set current position", "Direct Sound Error");
+    if (!sound->buffer->Rewind()) {
+      platform::MessageBox(window, "Cannot set current position", "Direct Sound Error", platform::MB_OK);
+    }
     return;
   }
   if (!sound->buffer->Play(sound->loop == 1)) {
-    platform::MessageBox(window, "Cannot start playing", "Direct Sound Error");
+    platform::MessageBox(window, "Cannot start playing", "Direct Sound Error", platform::MB_OK);
     return;
   }
   sound->playing = 1;

@@ -17,7 +17,7 @@ Display::~Display() {
 
 bool Display::FailInit(const char* text) {
   ReleaseDisplay();
-  platform::MessageBox(platform::kMainWindow, text, "Game Init Failure");
+  platform::MessageBox(platform::kMainWindow, text, "Game Init Failure", platform::MB_OK);
   platform::DestroyWindow(platform::kMainWindow);
   return false;
 }

@@ -226,7 +226,7 @@ bool WriteSavedGame(const std::string& chosen) {
   std::string reason;
   if (platform::WriteFileAtomically(path, FormatSavedGame(CaptureGame(thePlayer)), &reason)) return true;
   platform::MessageBox(platform::kMainWindow, Format("The game could not be saved to %s: %s.", path.c_str(), reason.c_str()),
-                       "Cannot save the game");
+                       "Cannot save the game", platform::MB_OK);
   return false;
 }
 
@@ -242,7 +242,7 @@ bool ReadSavedGame(const std::string& path) {
   }
   if (!game) {
     platform::MessageBox(platform::kMainWindow, Format("%s is not a saved game that can be loaded: %s.", path.c_str(), reason.c_str()),
-                         "Cannot load the game");
+                         "Cannot load the game", platform::MB_OK);
     return false;
   }
   ApplySavedGame(*game, thePlayer);

@@ -41,7 +41,8 @@ class Backend {
   // Blocks until device input arrives or timeoutMs have passed.
   virtual void WaitInput(std::uint32_t timeoutMs) = 0;
 
-  virtual void ShowMessageBox(const std::string& text, const std::string& caption) = 0;
+  // A box with an OK button, and the error icon when asked.
+  virtual void ShowMessageBox(const std::string& text, const std::string& caption, bool errorIcon) = 0;
   virtual void ShowSystemCursor(bool visible) = 0;
   // The last error of the underlying system, for the log.
   virtual std::string LastError() { return {}; }

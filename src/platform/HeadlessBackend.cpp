@@ -44,8 +44,8 @@ void HeadlessBackend::WaitInput(std::uint32_t timeoutMs) {
   now += timeoutMs;
 }
 
-void HeadlessBackend::ShowMessageBox(const std::string& text, const std::string& caption) {
-  boxes.push_back({text, caption});
+void HeadlessBackend::ShowMessageBox(const std::string& text, const std::string& caption, bool errorIcon) {
+  boxes.push_back({text, caption, errorIcon});
 }
 
 bool HeadlessBackend::ScriptedFileDialog(FileDialogKind kind, const std::string& title,

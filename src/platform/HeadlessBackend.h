@@ -20,6 +20,7 @@ class HeadlessBackend : public Backend {
   struct CapturedBox {
     std::string text;
     std::string caption;
+    bool errorIcon;
   };
   // A file dialog that the game asked for.
   struct DialogCall {
@@ -36,7 +37,7 @@ class HeadlessBackend : public Backend {
   void ShowFrame(const Surface& frame) override;
   void PollInput() override;
   void WaitInput(std::uint32_t timeoutMs) override;
-  void ShowMessageBox(const std::string& text, const std::string& caption) override;
+  void ShowMessageBox(const std::string& text, const std::string& caption, bool errorIcon) override;
   void ShowSystemCursor(bool visible) override { systemCursorVisible = visible; }
   AudioDevice* Audio() override { return audioPresent ? &audio : nullptr; }
   bool ScriptedFileDialog(FileDialogKind kind, const std::string& title, std::optional<std::string>* answer) override;

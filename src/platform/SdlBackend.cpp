@@ -239,10 +239,11 @@ void SdlBackend::WaitInput(std::uint32_t timeoutMs) {
   SDL_WaitEventTimeout(nullptr, limit);
 }
 
-void SdlBackend::ShowMessageBox(const std::string& text, const std::string& caption) {
+void SdlBackend::ShowMessageBox(const std::string& text, const std::string& caption, bool errorIcon) {
   if (impl->window) SDL_SetWindowFullscreen(impl->window, 0);  // a box must not hide behind the game
-  SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, Cp1252ToUtf8(caption).c_str(), Cp1252ToUtf8(text).c_str(),
-                           impl->window);
+  // No flag is a plain box with its OK button.
+  SDL_ShowSimpleMessageBox(errorIcon ? SDL_MESSAGEBOX_ERROR : 0, Cp1252ToUtf8(caption).c_str(),
+                           Cp1252ToUtf8(text).c_str(), impl->window);
   if (impl->window && impl->fullScreen) SDL_SetWindowFullscreen(impl->window, SDL_WINDOW_FULLSCREEN_DESKTOP);
 }
 

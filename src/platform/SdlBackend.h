@@ -19,7 +19,7 @@ class SdlBackend : public Backend {
   void ShowFrame(const Surface& frame) override;
   void PollInput() override;
   void WaitInput(std::uint32_t timeoutMs) override;
-  void ShowMessageBox(const std::string& text, const std::string& caption) override;
+  void ShowMessageBox(const std::string& text, const std::string& caption, bool errorIcon) override;
   void ShowSystemCursor(bool visible) override;
   std::string LastError() override;
   AudioDevice* Audio() override;

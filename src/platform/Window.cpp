@@ -212,9 +212,9 @@ LResult DefWindowProc(WindowHandle window, std::uint32_t message, WParam, LParam
   }
 }
 
-int MessageBox(WindowHandle, const std::string& text, const std::string& caption) {
+int MessageBox(WindowHandle, const std::string& text, const std::string& caption, std::uint32_t type) {
   std::fprintf(stderr, "%s: %s\n", caption.c_str(), text.c_str());
-  if (State().backend) State().backend->ShowMessageBox(text, caption);
+  if (State().backend) State().backend->ShowMessageBox(text, caption, (type & MB_ICONHAND) != 0);
   return 1;
 }
 

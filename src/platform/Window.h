@@ -51,8 +51,12 @@ std::uint32_t MillisecondsToNextTimer();
 
 LResult DefWindowProc(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam);
 
+// Message box types: an OK button alone, or with the hand (error) icon.
+inline constexpr std::uint32_t MB_OK = 0;
+inline constexpr std::uint32_t MB_ICONHAND = 0x10;
+
 // Shows the box (and writes it to standard error); returns 1 (OK).
-int MessageBox(WindowHandle window, const std::string& text, const std::string& caption);
+int MessageBox(WindowHandle window, const std::string& text, const std::string& caption, std::uint32_t type);
 
 // The surface that the window shows; it is put on the screen when it has changed and
 // the message queue has run dry.

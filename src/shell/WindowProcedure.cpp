@@ -10,7 +10,7 @@ namespace {
 constexpr std::uint32_t kVirtualKeyM = 0x4D;
 
 void Fatal(WindowHandle window, const char* text) {
-  platform::MessageBox(window, text, "Game Failure");
+  platform::MessageBox(window, text, "Game Failure", platform::MB_OK);
   platform::DestroyWindow(window);
 }
 
