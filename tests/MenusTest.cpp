@@ -60,7 +60,10 @@ class MenusTest : public ::testing::Test {
 
 TEST_F(MenusTest, EnterAtOnceQuitsAndClicksBesideButtonsDoNothing) {
   EXPECT_EQ(menu->buttons.current->GetId(), MainMenuScreen::kQuit);
+  // The system arrow of start-up stays through the frames until the mouse first moves.
+  EXPECT_TRUE(game->backend.SystemCursorVisible());
   game->Click(320, 20);
+  EXPECT_FALSE(game->backend.SystemCursorVisible());
   game->RightClick(320, 20);
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
   game->Key(platform::VK_RETURN);

@@ -64,6 +64,9 @@ int Application::StartUp(const std::string& commandLine, const FirstScreenFactor
   mutedVolume = 0;
   shortcutSkip = 0;
   theMousePointer = new MousePointer();
+  // The system arrow shows until the mouse first moves over the window; from then on the
+  // game's own pointer is the only one.
+  platform::SetSystemCursorVisible(true);
   PrepareFade();
   BuildFadeTable();
   GameMode* first = makeFirstScreen();

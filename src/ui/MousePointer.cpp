@@ -15,7 +15,8 @@ MousePointer::~MousePointer() = default;
 void MousePointer::PutBackground() { pictures[1].DrawOpaque(x, y, 1); }
 
 void MousePointer::MoveTo(int nx, int ny) {
-  platform::SetSystemCursorVisible(false);
+  // A move of the mouse hides the system arrow; redrawing in place (x of -1) leaves it.
+  if (nx != -1) platform::SetSystemCursorVisible(false);
   if (!visible) return;
   if (!fresh) PutBackground();
   if (nx != -1) {
@@ -48,5 +49,4 @@ void MousePointer::Show(int on) {
     PutBackground();
     visible = 0;
   }
-  platform::SetSystemCursorVisible(false);
 }

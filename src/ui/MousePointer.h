@@ -1,6 +1,7 @@
 #pragma once
 // The game's own mouse pointer, drawn on top of every frame. It keeps the pixels it
-// covers so that it can take itself off the frame again when it moves.
+// covers so that it can take itself off the frame again when it moves. It hides the
+// system cursor when it is made and on every move of the mouse.
 #include "graphics/Picture.h"
 
 class MousePointer {
