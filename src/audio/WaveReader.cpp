@@ -61,6 +61,11 @@ int ReadFormat(WaveFile& file, const RiffChunk& riff, std::unique_ptr<WaveFormat
 
   const std::uint16_t tag = Le16(record);
   std::uint16_t extraBytes = 0;
+  // Every read stays inside the "fmt " chunk. A reader on the multimedia file functions
+  // reads the count and the extra bytes straight on from the record, past a short chunk
+  // into the one behind it; this one does not: a count or extra bytes that the chunk
+  // does not hold make the file unreadable, and a 16-byte record has no count to read.
+  //
   // A PCM format has no extra bytes. Others count them, except in the short 16-byte
   // record of older writers, which has no count and so no extra bytes.
   if (tag != platform::kWaveFormatPcm && fmt.size > kPcmRecordBytes) {
