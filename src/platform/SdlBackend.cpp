@@ -79,6 +79,9 @@ struct SdlBackend::Impl {
   bool fullScreen = false;
   int width = 640;
   int height = 480;
+  // The window's place and size when it last went to full screen; none before that.
+  bool windowKnown = false;
+  SDL_Rect windowRect{};
 
   void Redraw() {
     if (!renderer || !texture) return;
@@ -98,11 +101,26 @@ struct SdlBackend::Impl {
     return scale < 1 ? 1 : scale;
   }
 
+  // Back from full screen the window takes the place and size it had; a game that started
+  // in full screen gets the window it would have opened with.
   void ToggleFullScreen() {
     if (!window) return;
     fullScreen = !fullScreen;
+    if (fullScreen) {
+      SDL_GetWindowPosition(window, &windowRect.x, &windowRect.y);
+      SDL_GetWindowSize(window, &windowRect.w, &windowRect.h);
+      windowKnown = true;
+    }
     SDL_SetWindowFullscreen(window, fullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
-    if (!fullScreen) {
+    if (!fullScreen && windowKnown) {
+      // The window system usually restores the window by itself.
+      int w = 0, h = 0;
+      SDL_GetWindowSize(window, &w, &h);
+      if (w != windowRect.w || h != windowRect.h) {
+        SDL_SetWindowSize(window, windowRect.w, windowRect.h);
+        SDL_SetWindowPosition(window, windowRect.x, windowRect.y);
+      }
+    } else if (!fullScreen) {
       const int scale = WindowScale();
       SDL_SetWindowSize(window, width * scale, height * scale);
       SDL_SetWindowPosition(window, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
@@ -189,7 +207,6 @@ OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int heigh
   s.window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width * scale,
                               height * scale, flags);
   if (!s.window) return windowed ? OpenResult::NoWindow : OpenResult::NoDisplayMode;
-  SDL_SetWindowMinimumSize(s.window, width, height);
   s.renderer = SDL_CreateRenderer(s.window, -1, SDL_RENDERER_ACCELERATED);
   if (!s.renderer) s.renderer = SDL_CreateRenderer(s.window, -1, SDL_RENDERER_SOFTWARE);
   if (!s.renderer) return OpenResult::NoCooperation;

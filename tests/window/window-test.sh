@@ -2,8 +2,9 @@
 # The real game in a real window under Xvfb: it starts, shows a frame that is not black,
 # clicks when a button is clicked (heard through SDL's disk audio driver), saves a new game
 # through the real dialog and loads it back with the same party, walks into Genwood Forest
-# and out through its entrance, quits on F12 with exit
-# code 0, and quits the same way when its close button is used.
+# and out through its entrance, comes back from full screen (Alt+Enter) at the window's
+# own size, quits on F12 with exit code 0, and quits the same way when its close button is
+# used.
 # Usage: window-test.sh GAME CLOSE-WINDOW WORKDIR
 set -uo pipefail
 game="$1"
@@ -90,6 +91,19 @@ key Left
 wait_strip same
 echo "party strip pixels that differ after the walk: $differing"
 [ "$differing" = 0 ] || fail "the walk did not lead back to the map"
+
+# A resized window goes to full screen and back at its own size. (Without a window
+# manager the full screen itself does not show; the way back is what is checked.)
+size() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^\(WIDTH\|HEIGHT\)=//p' | paste -sd x; }
+xdotool windowsize --sync "$window" 900 400 2>/dev/null || xdotool windowsize "$window" 900 400
+sleep 1
+before=$(size)
+key alt+Return
+key alt+Return
+after=$(size)
+echo "window size $before, back from full screen $after"
+[ "$before" = 900x400 ] || fail "the window could not be resized"
+[ "$after" = "$before" ] || fail "back from full screen at $after instead of $before"
 
 xdotool key --window "$window" F12
 finish
