@@ -10,9 +10,6 @@ start_xvfb() {
   for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
   [ -s "$work/display" ] || fail "Xvfb did not start"
   export DISPLAY=":$(cat "$work/display")"
-  # LeakSanitizer's exit-time scan crashes among the X and GL driver threads of a real
-  # window; leaks are checked by the headless tests, memory errors stay checked here.
-  export ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0"
 }
 
 # Starts the game (the command and its arguments) in the background, sets pid, and waits
