@@ -66,6 +66,16 @@ TEST_F(MenusTest, EnterAtOnceQuitsAndClicksBesideButtonsDoNothing) {
   EXPECT_FALSE(game->backend.SystemCursorVisible());
   game->RightClick(320, 20);
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
+  // F12 while the load dialog is up does nothing; Escape closes the dialog.
+  game->backend.LeftClick(320, 325);
+  game->backend.KeyPress(platform::VK_F12, 100);
+  game->backend.KeyPress(platform::VK_ESCAPE, 100);
+  game->RunFor(500);
+  ASSERT_EQ(game->backend.DialogCalls().size(), 1u);
+  EXPECT_FALSE(game->backend.DialogCalls()[0].scripted);
+  EXPECT_FALSE(game->application->Ended());
+  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
+  game->backend.MouseMove(320, 425);  // back to "Quit to Desktop"
   game->Key(platform::VK_RETURN);
   EXPECT_TRUE(game->application->Ended());
   EXPECT_EQ(game->application->ExitCode(), 0);
