@@ -140,9 +140,9 @@ TEST(StatusEffectsTest, MessagesAndTheEffectsOfASpell) {
   mookie->SetName("Mookie");
   auto bird = Kindrel::Create(kBluberd, 8);
 
-  // Prefixes: "The ..." for the opponent, the bare name for the player's creature.
-  EXPECT_EQ(StatusTarget(*bird, true), "The Bluberd ");
-  EXPECT_EQ(StatusTarget(*mookie, false), "Mookie ");
+  // Names: "The ..." for the opponent, the bare name for the player's creature.
+  EXPECT_EQ(CombatName(*bird, true), "The Bluberd");
+  EXPECT_EQ(CombatName(*mookie, false), "Mookie");
 
   // Landed with their durations, landed without, and resisted; on either side.
   const struct {

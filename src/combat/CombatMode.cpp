@@ -213,10 +213,7 @@ void CombatMode::RunPhaseStep() {
       StatusShownStep();
       break;
     case kPhaseLevelUpShown:
-      message = Format("The %s retreats!", opponent ? opponent->name : "");
-      combatResult = 0;
-      phase = kPhaseOpponentLeaving;
-      SetCountdown(textDelay);
+      OpponentRetreats();
       break;
     case kPhaseCatchShown:
       CatchShownStep();

@@ -134,12 +134,16 @@ class CombatMode : public GameMode {
   void EndTurn(bool cameThroughPhase5);
   Kindrel& Actor() const;
   Kindrel& Target() const;
+  // How the messages name a creature: "The Bluberd" for the opponent, the bare name for
+  // the player's own.
+  std::string NameOf(const Kindrel& creature) const;
 
   // Catching and the end.
   void MaybeOfferCatch(bool weak);
   void AttemptCatch();
   void CatchShownStep();
   void HandleFaint();
+  void OpponentRetreats();
   void NextOpponent();
   void CreateOpponent();
   void ResetOffsets();

@@ -1,10 +1,6 @@
 // The rules of an exchange and of a turn: who acts first, what a status does at the start
-// of a turn, the hit test, the damage, the status effects and every message in order; then
-// catching, fainting, the experience award and the end of the combat. The order of the
-// random calls is part of the rules.
-#include <algorithm>
-
-#include "audio/SoundEffect.h"
+// of a turn, the hit test, the damage, the status effects and every message in order. The
+// order of the random calls is part of the rules.
 #include "combat/CombatMode.h"
 #include "creatures/PlayerRecord.h"
 #include "creatures/StatusRules.h"
@@ -14,6 +10,10 @@
 Kindrel& CombatMode::Actor() const { return PlayerActing() ? *Active() : *opponent; }
 
 Kindrel& CombatMode::Target() const { return PlayerActing() ? *opponent : *Active(); }
+
+std::string CombatMode::NameOf(const Kindrel& creature) const {
+  return CombatName(creature, &creature == opponent.get());
+}
 
 void CombatMode::StartExchange(bool afterFailedCatch) {
   // The opponent picks one of its known spells at random, whatever the situation.
@@ -44,33 +44,33 @@ void CombatMode::StartTurn(bool playCastSound) {
 }
 
 void CombatMode::Announce() {
-  const bool self = currentSpell->power < 0.0f;
-  if (PlayerActing()) {
-    message = self ? Format("%s uses %s!", Active()->name, currentSpell->name)
-                   : Format("%s uses %s on the %s!", Active()->name, currentSpell->name, opponent->name);
+  const std::string caster = NameOf(Actor());
+  if (currentSpell->power < 0.0f) {
+    message = Format("%s uses %s!", caster.c_str(), currentSpell->name);
+  } else if (PlayerActing()) {
+    message = Format("%s uses %s on the %s!", caster.c_str(), currentSpell->name, opponent->name);
   } else {
-    message = self ? Format("The %s uses %s!", opponent->name, currentSpell->name)
-                   : Format("The %s uses %s on %s!", opponent->name, currentSpell->name, Active()->name);
+    message = Format("%s uses %s on %s!", caster.c_str(), currentSpell->name, Active()->name);
   }
 }
 
 void CombatMode::StatusStep(int status) {
   Kindrel& creature = Actor();
-  const char* const the = PlayerActing() ? "" : "The ";
+  const std::string name = NameOf(creature);
   phase = kPhaseStatusShown;
   SetCountdown(1);
   switch (status - 1) {
     case Paralyzed:
-      Show(Format("%s%s is paralyzed and can't attack!", the, creature.name), 2 * textDelay);
+      Show(Format("%s is paralyzed and can't attack!", name.c_str()), 2 * textDelay);
       break;
     case Poisoned: {
       const int lost = creature.LoseHitPoints(creature.poisonDamage);
-      Show(Format("%s%s loses %d points to poison!", the, creature.name, lost), 2 * textDelay);
+      Show(Format("%s loses %d points to poison!", name.c_str(), lost), 2 * textDelay);
       if (!PlayerActing()) MaybeOfferCatch(4 * creature.hitPoints <= creature.MaxHitPoints());
       break;
     }
     case Slow:
-      if (actionCounter % 2 == 1) Show(Format("%s%s is too slow to attack this time!", the, creature.name), 2 * textDelay);
+      if (actionCounter % 2 == 1) Show(Format("%s is too slow to attack this time!", name.c_str()), 2 * textDelay);
       break;
     default:
       break;  // the modifiers do nothing at the start of a turn
@@ -121,10 +121,8 @@ void CombatMode::ImpactStep() {
   phase = kPhaseImpact;
   SetCountdown(textDelay);
   ImpactEffect();
-  const bool targetIsOpponent = PlayerActing();
-  const char* const the = targetIsOpponent ? "The " : "";
   if (!hit) {
-    message = PlayerActing() ? Format("%s misses!", Active()->name) : Format("The %s misses!", opponent->name);
+    message = Format("%s misses!", NameOf(Actor()).c_str());
     return;
   }
   PlaySpellSound(spellImpactSounds);
@@ -136,9 +134,10 @@ void CombatMode::ImpactStep() {
   if (damage > target.hitPoints) damage = target.hitPoints;
   if (currentSpell->power < 1.0f) return;  // no damage: the announcement stays up
   target.LoseHitPoints(damage);
-  if (damage == 0) message = Format("%s%s is not hurt!", the, target.name);
-  else if (damage == 1) message = Format("%s%s loses %d point!", the, target.name, damage);
-  else message = Format("%s%s loses %d points!", the, target.name, damage);
+  const std::string name = NameOf(target);
+  if (damage == 0) message = Format("%s is not hurt!", name.c_str());
+  else if (damage == 1) message = Format("%s loses %d point!", name.c_str(), damage);
+  else message = Format("%s loses %d points!", name.c_str(), damage);
   if (PlayerActing()) {
     MaybeOfferCatch(4 * opponent->hitPoints <= opponent->MaxHitPoints() || opponent->hitPoints < 2);
   }
@@ -175,96 +174,3 @@ void CombatMode::EndTurn(bool cameThroughPhase5) {
 }
 
 void CombatMode::ResetOffsets() { playerOffsetX = opponentOffsetX = playerOffsetY = opponentOffsetY = 0.0f; }
-
-void CombatMode::MaybeOfferCatch(bool weak) {
-  if (!weak || !catchAllowed || thePlayer.FirstEmptySlot() < 0) return;
-  if (widgets.FindById(kCatchButton)) return;
-  widgets.Add(new Button(kCatchButton, "Catch", 64, 540, 285, 640, 320, 2));
-}
-
-void CombatMode::AttemptCatch() {
-  actionCounter += 1;
-  if (thePlayer.firstCatchDone == 0) {
-    thePlayer.firstCatchDone = 1;
-    caught = 1;  // the first attempt of a game always succeeds
-  } else {
-    caught = Roll(4) == 0 ? 1 : 0;
-  }
-  message = Format(caught ? "You caught the %s!" : "You didn't catch the %s!", opponent->name);
-  phase = kPhaseCatchShown;
-  SetCountdown(textDelay);
-}
-
-void CombatMode::CatchShownStep() {
-  if (!caught) {
-    playerActed = 1;
-    opponentActed = 0;
-    StartExchange(true);
-    return;
-  }
-  const int slot = thePlayer.FirstEmptySlot();
-  if (slot >= 0) {
-    if (opponent->picture) opponent->picture->Mirror();  // faces right again
-    opponent->experience = LevelStartExperience(opponent->level);
-    thePlayer.party[slot] = std::move(opponent);
-  }
-  NextOpponent();
-}
-
-void CombatMode::HandleFaint() {
-  if (Active()->hitPoints <= 0) {
-    const int fit = thePlayer.FirstFitSlot();
-    if (fit >= 0) {
-      activeSlot = fit;
-      Show(Format("%s is now battling the %s!", Active()->name, opponent->name), 2 * textDelay);
-      phase = kPhaseOpening;
-      BuildSpellButtons();
-    } else {
-      Show("You have lost!", textDelay);
-      phase = kPhaseEnding;
-      combatResult = 1;
-    }
-    return;
-  }
-  // The opponent has fainted: only the active creature earns experience.
-  const int span = 20 * opponent->level - 10;
-  const int award = thePlayer.difficulty == kHard ? span / 3 : span / 2;
-  Kindrel& winner = *Active();
-  if (winner.AddExperience(static_cast<std::uint32_t>(award))) {
-    // A spell learnt here gets its button with the next change of creature or combat: the
-    // buttons are built only then.
-    Show(Format("%s is now level %d!", winner.name, winner.level), 2 * textDelay);
-    phase = kPhaseLevelUpShown;
-    PlaySound(0, levelUpSound);
-  } else {
-    Show(Format("The %s retreats!", opponent->name), textDelay);
-    combatResult = 0;
-    phase = kPhaseOpponentLeaving;
-  }
-}
-
-void CombatMode::NextOpponent() {
-  if (opponent) opponent->Release();
-  opponent.reset();
-  opponentIndex += 1;
-  if (opponentIndex < opponentCount) {
-    CreateOpponent();
-    Show(Format("%s is battling a %s!", Active()->name, opponent->name), 3 * textDelay / 2);
-    phase = kPhaseOpening;
-    RemoveWidget(kCatchButton);
-    opponentOffsetX = 0.0f;
-  } else {
-    Show("You win this battle!", 3 * textDelay / 2);
-    phase = kPhaseEnding;
-    combatResult = 0;
-  }
-}
-
-void CombatMode::CreateOpponent() {
-  const SpeciesInfo* row = opponentList ? opponentList[opponentIndex] : nullptr;
-  // A level below 1 is taken as 1: the creature's growth starts there.
-  opponent = row ? Kindrel::Create(row->index, std::max(row->encounterLevel, 1)) : nullptr;
-  if (!opponent) opponent = Kindrel::Create(0, 1);  // a row the table does not know
-  // It faces the player's creature.
-  if (opponent->picture) opponent->picture->Mirror();
-}

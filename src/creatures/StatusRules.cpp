@@ -21,24 +21,19 @@ const char statusEffectTexts[2 * kStatusEffectCount][128] = {
 
 namespace {
 
-std::string Format(const char* format, const char* name, int number) {
-  char buffer[512];
-  std::snprintf(buffer, sizeof buffer, format, name, number);
-  return buffer;
-}
-
-// The prefix and the text make one format: the name and the number are its arguments, so
+// The name and the text make one format: the name and the number are its arguments, so
 // that a '%' in a creature's name is shown as it is.
 std::string Message(const Kindrel& target, bool targetIsOpponent, const char* text, int number) {
-  std::string format = targetIsOpponent ? "The %s " : "%s ";
-  format += text;
-  return Format(format.c_str(), target.name, number);
+  const std::string format = std::string("%s ") + text;
+  char buffer[512];
+  std::snprintf(buffer, sizeof buffer, format.c_str(), CombatName(target, targetIsOpponent).c_str(), number);
+  return buffer;
 }
 
 }  // namespace
 
-std::string StatusTarget(const Kindrel& creature, bool isOpponent) {
-  return Format(isOpponent ? "The %s " : "%s ", creature.name, 0);
+std::string CombatName(const Kindrel& creature, bool isOpponent) {
+  return (isOpponent ? "The " : "") + std::string(creature.name);
 }
 
 std::string StatusLandedMessage(const Kindrel& target, bool targetIsOpponent, StatusEffect effect) {

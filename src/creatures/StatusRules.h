@@ -12,9 +12,9 @@
 // order.
 extern const char statusEffectTexts[2 * kStatusEffectCount][128];
 
-// The prefix that names the creature a message is about: "The %s " for the opponent,
-// "%s " for the player's creature.
-std::string StatusTarget(const Kindrel& creature, bool isOpponent);
+// How the combat's messages name a creature: "The " and its name for the opponent, the
+// bare name for the player's creature.
+std::string CombatName(const Kindrel& creature, bool isOpponent);
 
 // The message for an effect that has just landed on the creature (its remaining turns are
 // read from its current value) or that it has resisted.
