@@ -1,10 +1,12 @@
 // The window's message queue: the order in which messages come, paint and timer messages
-// made only when nothing else waits, destroy and quit, and device input arriving on time.
+// made only when nothing else waits, destroy and quit, and device input arriving on time;
+// and what of a frame is sent to the screen.
 #include <gtest/gtest.h>
 
 #include <vector>
 
 #include "platform/HeadlessBackend.h"
+#include "platform/Surface.h"
 #include "platform/Window.h"
 
 using namespace platform;
@@ -120,6 +122,36 @@ TEST_F(MessageQueueTest, DeviceInputArrivesOnTime) {
   Drain();
   WaitForInput(100);
   EXPECT_EQ(GetTickCount() - start, 130u);
+}
+
+TEST_F(MessageQueueTest, AFrameIsSentOnlyWhereItDiffersFromTheScreen) {
+  Surface frame(640, 480);
+  frame.Fill(frame.Bounds(), 0x0841);
+  SetWindowSurface(&frame);
+  RefreshWindow();
+  EXPECT_EQ(backend.FramesShown(), 1);
+  EXPECT_EQ(backend.LastChanges(), std::vector<Rect>{frame.Bounds()}) << "the first frame is sent whole";
+  // Drawn again the same: not sent.
+  frame.Fill(frame.Bounds(), 0x0841);
+  RefreshWindow();
+  EXPECT_EQ(backend.FramesShown(), 1);
+  // Two small changes: their bands of rows, from the first to the last changed column.
+  frame.Fill({100, 20, 110, 21}, 0xFFFF);
+  frame.Fill({300, 30, 301, 31}, 0xFFFF);
+  frame.Fill({5, 470, 6, 472}, 0x1234);
+  RefreshWindow();
+  EXPECT_EQ(backend.FramesShown(), 2);
+  EXPECT_EQ(backend.LastChanges(), (std::vector<Rect>{{100, 16, 301, 32}, {5, 464, 6, 480}}));
+  EXPECT_EQ(backend.LastFrame()[470 * 640 + 5], 0x1234);
+  // Back to the first picture: the same parts again.
+  frame.Fill(frame.Bounds(), 0x0841);
+  RefreshWindow();
+  EXPECT_EQ(backend.LastChanges(), (std::vector<Rect>{{100, 16, 301, 32}, {5, 464, 6, 480}}));
+  // A frame shown at once goes out even unchanged, with nothing marked as changed.
+  ShowSurfaceNow(frame);
+  EXPECT_EQ(backend.FramesShown(), 4);
+  EXPECT_TRUE(backend.LastChanges().empty());
+  SetWindowSurface(nullptr);
 }
 
 }  // namespace

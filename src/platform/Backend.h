@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Messages.h"
 
@@ -12,6 +13,7 @@ namespace platform {
 
 class AudioDevice;
 class Surface;
+struct Rect;
 enum class FileDialogKind;  // FileDialog.h
 
 // Why a window could not be opened, by the step of the display set-up that failed.
@@ -33,8 +35,9 @@ class Backend {
 
   virtual OpenResult OpenWindow(const std::string& title, int width, int height, bool windowed) = 0;
   virtual void CloseWindow() = 0;
-  // Shows a finished 640 x 480 frame in the window.
-  virtual void ShowFrame(const Surface& frame) = 0;
+  // Shows a finished 640 x 480 frame in the window; only the changed parts differ from
+  // the frame shown before (all of the frame when nothing was shown yet).
+  virtual void ShowFrame(const Surface& frame, const std::vector<Rect>& changed) = 0;
 
   // Hands every waiting device event to PostInput (see Window.h); never blocks.
   virtual void PollInput() = 0;

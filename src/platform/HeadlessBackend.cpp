@@ -13,7 +13,8 @@ OpenResult HeadlessBackend::OpenWindow(const std::string&, int, int, bool asWind
   return OpenResult::Ok;
 }
 
-void HeadlessBackend::ShowFrame(const Surface& frame) {
+void HeadlessBackend::ShowFrame(const Surface& frame, const std::vector<Rect>& changed) {
+  lastChanges = changed;
   frameWidth = frame.Width();
   frameHeight = frame.Height();
   lastFrame.resize(static_cast<std::size_t>(frameWidth) * frameHeight);

@@ -34,7 +34,7 @@ class HeadlessBackend : public Backend {
   std::uint32_t TickCount() override { return now; }
   OpenResult OpenWindow(const std::string& title, int width, int height, bool windowed) override;
   void CloseWindow() override { windowOpen = false; }
-  void ShowFrame(const Surface& frame) override;
+  void ShowFrame(const Surface& frame, const std::vector<Rect>& changed) override;
   void PollInput() override;
   void WaitInput(std::uint32_t timeoutMs) override;
   void ShowMessageBox(const std::string& text, const std::string& caption, bool errorIcon) override;
@@ -74,6 +74,8 @@ class HeadlessBackend : public Backend {
   int FramesShown() const { return framesShown; }
   // The last frame put on the (imaginary) screen, 640 x 480 pixels, row by row.
   const std::vector<std::uint16_t>& LastFrame() const { return lastFrame; }
+  // The parts of the last frame that the game said had changed.
+  const std::vector<Rect>& LastChanges() const { return lastChanges; }
   int FrameWidth() const { return frameWidth; }
   int FrameHeight() const { return frameHeight; }
   const std::vector<CapturedBox>& MessageBoxes() const { return boxes; }
@@ -91,6 +93,7 @@ class HeadlessBackend : public Backend {
   std::vector<CapturedBox> boxes;
   std::deque<std::optional<std::string>> dialogAnswers;
   std::vector<DialogCall> dialogCalls;
+  std::vector<Rect> lastChanges;
   std::vector<std::uint16_t> lastFrame;
   int frameWidth = 0;
   int frameHeight = 0;

@@ -7,6 +7,7 @@
 
 #include "platform/Cp1252.h"
 #include "platform/SdlAudio.h"
+#include "platform/SdlDirectFrame.h"
 #include "platform/SdlGamepads.h"
 #include "platform/Surface.h"
 #include "platform/Window.h"
@@ -105,8 +106,15 @@ struct SdlBackend::Impl {
   // The window's place and size when it last went to full screen; none before that.
   bool windowKnown = false;
   SDL_Rect windowRect{};
+  // Frames go through the renderer when it draws on graphics hardware, else straight into
+  // the window's pixels.
+  SdlDirectFrame direct{640, 480};
 
   void Redraw() {
+    if (direct.Started()) {
+      direct.Redraw();
+      return;
+    }
     if (!renderer || !texture) return;
     SDL_SetRenderDrawColor(renderer, 0, 0, 0, 255);
     SDL_RenderClear(renderer);
@@ -151,7 +159,39 @@ struct SdlBackend::Impl {
     Redraw();
   }
 
-  void Translate(const SDL_Event& e, std::uint32_t now) {
+  // A mouse event's position in the frame (the renderer maps its events by itself).
+  void MapToFrame(SDL_Event& e) const {
+    if (!direct.Started()) return;
+    if (e.type == SDL_MOUSEMOTION) {
+      const SDL_Point at = direct.ToFrame(e.motion.x, e.motion.y);
+      e.motion.x = at.x;
+      e.motion.y = at.y;
+    } else if (e.type == SDL_MOUSEBUTTONDOWN || e.type == SDL_MOUSEBUTTONUP) {
+      const SDL_Point at = direct.ToFrame(e.button.x, e.button.y);
+      e.button.x = at.x;
+      e.button.y = at.y;
+    }
+  }
+
+  // The renderer, unless it would rasterise in software and the window's own pixels can
+  // be written instead.
+  bool StartDrawing() {
+    renderer = SDL_CreateRenderer(window, -1, SDL_RENDERER_ACCELERATED);
+    if (renderer && RendersInSoftware(renderer)) {
+      SDL_DestroyRenderer(renderer);
+      renderer = nullptr;
+    }
+    if (!renderer && direct.Start(window)) return true;
+    if (!renderer) renderer = SDL_CreateRenderer(window, -1, SDL_RENDERER_ACCELERATED);
+    if (!renderer) renderer = SDL_CreateRenderer(window, -1, SDL_RENDERER_SOFTWARE);
+    if (!renderer) return false;
+    SDL_RenderSetLogicalSize(renderer, width, height);
+    texture = SDL_CreateTexture(renderer, SDL_PIXELFORMAT_RGB565, SDL_TEXTUREACCESS_STREAMING, width, height);
+    return texture != nullptr;
+  }
+
+  void Translate(SDL_Event e, std::uint32_t now) {
+    MapToFrame(e);
     if (gamepads && gamepads->Handle(e, now)) return;
     switch (e.type) {
       case SDL_QUIT:
@@ -218,6 +258,7 @@ OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int heigh
   Impl& s = *impl;
   s.width = width;
   s.height = height;
+  s.direct = SdlDirectFrame(width, height);
   if (!s.videoStarted) {
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return OpenResult::NoVideo;
     s.videoStarted = true;
@@ -230,12 +271,7 @@ OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int heigh
   s.window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width * scale,
                               height * scale, flags);
   if (!s.window) return windowed ? OpenResult::NoWindow : OpenResult::NoDisplayMode;
-  s.renderer = SDL_CreateRenderer(s.window, -1, SDL_RENDERER_ACCELERATED);
-  if (!s.renderer) s.renderer = SDL_CreateRenderer(s.window, -1, SDL_RENDERER_SOFTWARE);
-  if (!s.renderer) return OpenResult::NoCooperation;
-  SDL_RenderSetLogicalSize(s.renderer, width, height);
-  s.texture = SDL_CreateTexture(s.renderer, SDL_PIXELFORMAT_RGB565, SDL_TEXTUREACCESS_STREAMING, width, height);
-  if (!s.texture) return OpenResult::NoSurface;
+  if (!s.StartDrawing()) return s.renderer ? OpenResult::NoSurface : OpenResult::NoCooperation;
   SDL_StartTextInput();
   if (!s.gamepads) s.gamepads = std::make_unique<SdlGamepads>();
   s.Redraw();
@@ -248,14 +284,19 @@ void SdlBackend::CloseWindow() {
   if (s.texture) SDL_DestroyTexture(s.texture);
   if (s.renderer) SDL_DestroyRenderer(s.renderer);
   if (s.window) SDL_DestroyWindow(s.window);
+  s.direct.Stop();
   s.texture = nullptr;
   s.renderer = nullptr;
   s.window = nullptr;
   s.gamepads.reset();
 }
 
-void SdlBackend::ShowFrame(const Surface& frame) {
+void SdlBackend::ShowFrame(const Surface& frame, const std::vector<Rect>& changed) {
   Impl& s = *impl;
+  if (s.direct.Started()) {
+    s.direct.Show(frame, changed);
+    return;
+  }
   if (!s.texture || frame.Width() != s.width || frame.Height() != s.height) return;
   SDL_UpdateTexture(s.texture, nullptr, frame.Pixels(), frame.Pitch() * 2);
   s.Redraw();

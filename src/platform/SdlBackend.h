@@ -16,7 +16,7 @@ class SdlBackend : public Backend {
   std::uint32_t TickCount() override;
   OpenResult OpenWindow(const std::string& title, int width, int height, bool windowed) override;
   void CloseWindow() override;
-  void ShowFrame(const Surface& frame) override;
+  void ShowFrame(const Surface& frame, const std::vector<Rect>& changed) override;
   void PollInput() override;
   void WaitInput(std::uint32_t timeoutMs) override;
   void ShowMessageBox(const std::string& text, const std::string& caption, bool errorIcon) override;

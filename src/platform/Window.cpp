@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <deque>
 #include <limits>
 #include <map>
@@ -225,11 +226,49 @@ void SetWindowSurface(const Surface* surface) {
 
 namespace {
 
-void Show(const Surface& frame) {
+// The parts of the frame that differ from what the window shows: for each band of rows
+// that differs, the columns from its first to its last differing pixel. All of it when
+// nothing was shown yet.
+std::vector<Rect> ChangedParts(const WindowState& s, const Surface& frame) {
+  constexpr int kBandRows = 16;
+  const int width = frame.Width(), height = frame.Height(), pitch = frame.Pitch();
+  if (!s.shownOnce || s.shownPixels.size() != static_cast<std::size_t>(pitch) * height) {
+    return {Rect{0, 0, width, height}};
+  }
+  std::vector<Rect> parts;
+  for (int top = 0; top < height; top += kBandRows) {
+    const int bottom = std::min(top + kBandRows, height);
+    int left = width, right = 0;
+    for (int y = top; y < bottom; ++y) {
+      const std::uint16_t* now = frame.Pixels() + static_cast<std::size_t>(y) * pitch;
+      const std::uint16_t* was = s.shownPixels.data() + static_cast<std::size_t>(y) * pitch;
+      if (std::memcmp(now, was, sizeof *now * width) == 0) continue;
+      const auto first = std::mismatch(now, now + width, was).first;
+      left = std::min(left, static_cast<int>(first - now));
+      int last = width;
+      while (now[last - 1] == was[last - 1]) --last;
+      right = std::max(right, last);
+    }
+    if (left < right) parts.push_back(Rect{left, top, right, bottom});
+  }
+  return parts;
+}
+
+// Puts the frame on the screen, or only what changed of it. A frame equal to the one on
+// the screen is sent only when `always` is set.
+void Show(const Surface& frame, bool always) {
   WindowState& s = State();
-  const std::size_t size = static_cast<std::size_t>(frame.Pitch()) * frame.Height();
-  s.shownPixels.assign(frame.Pixels(), frame.Pixels() + size);
-  s.backend->ShowFrame(frame);
+  const std::vector<Rect> changed = ChangedParts(s, frame);
+  if (changed.empty() && !always) return;
+  const std::size_t pitch = frame.Pitch();
+  s.shownPixels.resize(pitch * frame.Height());
+  for (const Rect& part : changed) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      const std::uint16_t* row = frame.Pixels() + y * pitch;
+      std::copy(row + part.left, row + part.right, s.shownPixels.data() + y * pitch + part.left);
+    }
+  }
+  s.backend->ShowFrame(frame, changed);
   s.shownOnce = true;
 }
 
@@ -241,20 +280,15 @@ void RefreshWindow() {
   if (s.shownOnce && s.surface->ChangeCount() == s.shownChange) return;
   s.shownChange = s.surface->ChangeCount();
   // Screens redraw every frame; a frame equal to the one on the screen is not sent again,
-  // which keeps a still screen from costing the upload and scaling of a whole frame.
-  const Surface& frame = *s.surface;
-  const std::size_t size = static_cast<std::size_t>(frame.Pitch()) * frame.Height();
-  if (s.shownOnce && s.shownPixels.size() == size &&
-      std::equal(s.shownPixels.begin(), s.shownPixels.end(), frame.Pixels())) {
-    return;
-  }
-  Show(frame);
+  // and of one that differs only the parts that differ are, which keeps a still screen
+  // free and an animated one cheap.
+  Show(*s.surface, false);
 }
 
 void ShowSurfaceNow(const Surface& surface) {
   WindowState& s = State();
   if (!s.exists || !s.backend) return;
-  Show(surface);
+  Show(surface, true);
   if (&surface == s.surface) s.shownChange = surface.ChangeCount();
 }
 
