@@ -4,6 +4,7 @@ fail() { echo "${test_name:-window test}: $*" >&2; exit 1; }
 
 # Starts Xvfb and points DISPLAY at it; it is stopped when the test ends.
 start_xvfb() {
+  rm -f "$work/display"  # a number left by an earlier run is not this display's
   Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
   xvfb=$!
   trap 'kill "$xvfb" 2>/dev/null; kill "${pid:-}" 2>/dev/null' EXIT
