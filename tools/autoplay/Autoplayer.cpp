@@ -272,6 +272,8 @@ void Autoplayer::OnMainMenu() {
   }
   Click(kMenuNewGame.x, kMenuNewGame.y);
   newGameStarted = true;
+  playedDifficulty = thePlayer.difficulty;
+  playedTextSpeed = thePlayer.textSpeed;
   Log("a new game");
 }
 

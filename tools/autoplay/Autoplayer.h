@@ -66,6 +66,9 @@ class Autoplayer {
   // Why the play stopped early (a cap, or a screen the player could not get past).
   const std::string& Reason() const { return reason; }
   std::uint32_t Seed() const { return seed; }
+  // The settings the new game was started with, as the options screen left them.
+  int PlayedDifficulty() const { return playedDifficulty; }
+  int PlayedTextSpeed() const { return playedTextSpeed; }
 
  private:
   // The loop's pieces: one screen's turn, then time for the game to answer.
@@ -117,6 +120,8 @@ class Autoplayer {
   bool finished = false;
 
   bool newGameStarted = false;
+  int playedDifficulty = -1;
+  int playedTextSpeed = 0;
   std::uint32_t lastClock = 0;
   double gameHours = 0.0;
 

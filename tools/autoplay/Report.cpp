@@ -35,9 +35,12 @@ std::string HoursMinutes(double seconds) {
 }
 
 void PrintReport(std::FILE* out, const RunFacts& facts, const std::array<TierStats, kTiers>& stats) {
-  const int difficulty = facts.options.difficulty >= 0 && facts.options.difficulty < 3 ? facts.options.difficulty : 1;
   const int goal = facts.options.untilTier;
-  std::fprintf(out, "Quarnwick autoplay: seed %u, %s, goal: beat the %s\n", facts.seed, kDifficulties[difficulty],
+  std::fprintf(out, "Quarnwick autoplay: seed %u, ", facts.seed);
+  if (facts.difficulty >= 0 && facts.difficulty < 3) {
+    std::fprintf(out, "%s, text speed %d, ", kDifficulties[facts.difficulty], facts.textSpeed);
+  }
+  std::fprintf(out, "%sgoal: beat the %s\n", facts.options.hurry ? "messages clicked through, " : "",
                kWizards[goal >= 0 && goal < kTiers ? goal : kTiers - 1]);
   std::fprintf(out, "%4s  %-13s %10s %7s %6s %5s %9s %6s %10s  %s\n", "tier", "wizard", "encounters", "steps", "won",
                "lost", "retreated", "tries", "play time", "party levels at the win");

@@ -24,6 +24,8 @@ std::string HoursMinutes(double seconds);
 struct RunFacts {
   Options options;
   std::uint32_t seed = 0;
+  int difficulty = -1;  // as played; -1 when no game was started
+  int textSpeed = 0;
   Outcome outcome = Outcome::GoalReached;
   std::string reason;
   double wallSeconds = 0.0;

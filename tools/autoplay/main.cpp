@@ -100,6 +100,8 @@ int main(int argc, char** argv) {
     autoplay::Autoplayer player(options);
     facts.outcome = player.Play();
     facts.seed = player.Seed();
+    facts.difficulty = player.PlayedDifficulty();
+    facts.textSpeed = player.PlayedTextSpeed();
     facts.reason = player.Reason();
     facts.wallSeconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     autoplay::PrintReport(stdout, facts, player.Stats());
