@@ -336,8 +336,10 @@ void Autoplayer::OnTower(TowerScreen&) {
 }
 
 void Autoplayer::OnEvent() {
-  if (auto* screen = dynamic_cast<EventScreen*>(currentScreen); screen && screen->event && screen->Passed()) {
-    eventsRead.insert(VisitKey(screen->event->Symbol()));
+  if (auto* screen = dynamic_cast<EventScreen*>(currentScreen); screen && screen->event) {
+    Log("reads event %c at (%d, %d): %.60s", static_cast<char>(screen->event->Symbol()), screen->event->x,
+        screen->event->y, screen->ShownText());
+    if (screen->Passed()) eventsRead.insert(VisitKey(screen->event->Symbol()));
   }
   Key(platform::VK_RETURN);  // "Continue"
 }
