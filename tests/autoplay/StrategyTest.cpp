@@ -52,6 +52,14 @@ TEST(StrategyTest, TheLowestCreatureThatWinsComfortablyFights) {
   EXPECT_GE(DuelRatio(*party[2], foe, kNormal), 2.0f);
   EXPECT_LT(DuelRatio(*party[4], foe, kNormal), 2.0f);
   EXPECT_EQ(ChooseFighter(party, foe, kNormal), 2);
+  // Together they wear a foe down, one after the other; the fainted do not count.
+  const Fighter strong = Of(kSpiner, 4);
+  const float first = DuelRatio(*party[0], strong, kNormal), second = DuelRatio(*party[2], strong, kNormal),
+              third = DuelRatio(*party[4], strong, kNormal);
+  EXPECT_FLOAT_EQ(PartyRatio(party, strong, kNormal), first + second + third);
+  party[4]->hitPoints = 0;
+  EXPECT_FLOAT_EQ(PartyRatio(party, strong, kNormal), first + second);
+  party[4]->hitPoints = party[4]->MaxHitPoints();
   // A fainted creature never fights; with nobody comfortable, the strongest does.
   party[2]->hitPoints = 0;
   party[0]->hitPoints = 1;
@@ -79,13 +87,19 @@ TEST(StrategyTest, TheMarketTakesTheWeakestButNeverTheLastOne) {
 }
 
 TEST(StrategyTest, TrainingGoesToTheHardestAreaThatIsStillComfortable) {
-  MazeView maze;
-  maze.areas.push_back({1, 1, 2, 2, 0, 6, 1, 3});     // 0: easy
-  maze.areas.push_back({4, 1, 5, 2, 30, 35, 40, 45}); // 1: far too hard
-  maze.areas.push_back({1, 4, 2, 5, 0, 6, 3, 5});     // 2: a little harder
-  EXPECT_EQ(RankTrainingAreas(maze, Of(kSpiner, 12), kNormal), (std::vector<int>{2, 0, 1}));
+  std::vector<MazeAreaView> areas;
+  areas.push_back({1, 1, 2, 2, 0, 6, 1, 3});      // 0: easy
+  areas.push_back({4, 1, 5, 2, 30, 35, 40, 45});  // 1: far too hard
+  areas.push_back({1, 4, 2, 5, 0, 6, 3, 5});      // 2: a little harder
+  EXPECT_EQ(RankTrainingAreas(areas, Of(kSpiner, 12), kNormal), (std::vector<int>{2, 0, 1}));
   // Too weak for any: the easiest first.
-  EXPECT_EQ(RankTrainingAreas(maze, Of(kFleenu, 1), kNormal).front(), 0);
+  EXPECT_EQ(RankTrainingAreas(areas, Of(kFleenu, 1), kNormal), (std::vector<int>{0, 2, 1}));
+  // An area is worth walking while one of its encounter areas is.
+  EXPECT_TRUE(WorthTraining(areas, Of(kSpiner, 12), kNormal));
+  EXPECT_FALSE(WorthTraining({areas[1]}, Of(kSpiner, 12), kNormal));
+  // The typical Kindrel of a one-species, one-level area is that Kindrel.
+  const MazeAreaView bluberds{0, 0, 0, 0, kBluberd, kBluberd, 2, 2};
+  EXPECT_FLOAT_EQ(TypicalRatio(bluberds, Of(kFleenu, 3), kNormal), DuelRatio(Of(kFleenu, 3), Of(kBluberd, 2), kNormal));
 }
 
 // A maze from rows of cell characters, with events on given cells.

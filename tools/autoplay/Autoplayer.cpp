@@ -48,8 +48,8 @@ constexpr Point kCombatMessage{320, 100};  // above the panels, where no widget 
 Point PartyBox(int slot) { return {58 + 105 * slot, 427}; }
 Point SpellButton(int slot) { return {100, 210 + 26 * slot}; }
 
-// The wild Kindrel nobody in the party is expected to beat by this much is left alone.
-constexpr float kRetreatBelow = 0.5f;
+// A wild Kindrel that the whole party is not expected to wear down is left alone.
+constexpr float kRetreatBelow = 1.0f;
 // The fighting creature stays in as long as it is expected to win by this much.
 constexpr float kKeepFighting = 1.2f;
 // How much stronger than a wizard's team the party wants to be before its first try;
@@ -62,14 +62,14 @@ constexpr int kMostCatchTries = 4;
 
 const char* ScreenName(const GameMode* screen) { return screen ? screen->GetName() : ""; }
 
-// The newest open wild area: the open one of the highest tier.
-int NewestAreaRow() {
-  int best = -1;
+// The open wild areas, the newest (highest tier) first.
+std::vector<int> OpenAreaRows() {
+  std::vector<int> rows;
   for (int row = 0; row < kLocationCount; ++row) {
-    const LocationInfo& place = locationTable[row];
-    if (place.open == 1 && IsWildArea(place) && (best < 0 || place.tier > locationTable[best].tier)) best = row;
+    if (locationTable[row].open == 1 && IsWildArea(locationTable[row])) rows.push_back(row);
   }
-  return best;
+  std::stable_sort(rows.begin(), rows.end(), [](int a, int b) { return locationTable[a].tier > locationTable[b].tier; });
+  return rows;
 }
 
 int TowerRow(int tier) {
@@ -303,7 +303,7 @@ void Autoplayer::OnMap() {
     row = TowerRow(tier);
     Log("challenges the %s", row >= 0 ? locationTable[row].name : "?");
   } else {
-    row = NewestAreaRow();
+    row = TrainingRow();
   }
   if (row < 0) {
     reason = "no place to go on the map";
@@ -398,12 +398,7 @@ void Autoplayer::OnMaze(MazeScreen& maze) {
   if (maze.walking) return;
   const MazeView view = ReadMaze(maze);
   const int areaRow = LocationRow(thePlayer.currentLocation);
-  if (areaRow == NewestAreaRow() && !view.areas.empty()) {
-    int lowest = view.areas.front().levelMin;
-    for (const MazeAreaView& area : view.areas) lowest = std::min(lowest, area.levelMin);
-    newestAreaLowestLevel = lowest;
-    newestAreaRow = areaRow;
-  }
+  knownAreas[areaRow] = view.areas;
   const MazeCell at = maze.playerCell;
   const std::size_t cellCount = static_cast<std::size_t>(view.width) * view.height;
   std::vector<bool> target(cellCount, false);
@@ -419,7 +414,7 @@ void Autoplayer::OnMaze(MazeScreen& maze) {
   };
 
   const int tier = Tier();
-  const bool leave = NeedsHealing() || (tier < kTiers && ReadyForWizard(tier)) || areaRow != NewestAreaRow();
+  const bool leave = NeedsHealing() || (tier < kTiers && ReadyForWizard(tier)) || areaRow != TrainingRow();
   std::optional<GridStep> step;
   if (leave) {
     markExits();
@@ -431,11 +426,7 @@ void Autoplayer::OnMaze(MazeScreen& maze) {
     }
     step = FirstStepToward(view, at.x, at.y, target);
     if (!step) {
-      std::vector<Fighter> party = FullParty();
-      const Fighter strongest = *std::max_element(party.begin(), party.end(), [](const Fighter& a, const Fighter& b) {
-        return std::make_tuple(a.level, a.MaxHitPoints()) < std::make_tuple(b.level, b.MaxHitPoints());
-      });
-      for (int index : RankTrainingAreas(view, strongest, thePlayer.difficulty)) {
+      for (int index : RankTrainingAreas(view.areas, Strongest(), thePlayer.difficulty)) {
         const MazeAreaView& area = view.areas[index];
         std::fill(target.begin(), target.end(), false);
         for (int y = area.top; y <= area.bottom; ++y) {
@@ -534,7 +525,7 @@ void Autoplayer::OnCombat(CombatMode& combat) {
   const bool activeFit = active.hitPoints > 0;
   const float activeRatio = activeFit ? DuelRatio(Fighter::Of(active), foe, difficulty) : 0.0f;
   const int chosen = ChooseFighter(party, foe, difficulty);
-  if (combatIsWild && chosen >= 0 && DuelRatio(*party[chosen], foe, difficulty) < kRetreatBelow) {
+  if (combatIsWild && PartyRatio(party, foe, difficulty) < kRetreatBelow) {
     Log("retreats from the %s", combat.opponent->name);
     Click(kCombatRetreat.x, kCombatRetreat.y);
     return;
@@ -604,10 +595,42 @@ bool Autoplayer::ReadyForWizard(int tower) const {
   return PartyStrength(mine, team, thePlayer.difficulty) >= wizardMargin[tower] * TeamStrength(team, mine);
 }
 
+// Room for a catch is wanted when the party is full and its weakest creature is weaker
+// than anything the area it trains in sends.
 bool Autoplayer::WantsMarket() const {
-  if (thePlayer.PartyCount() < kPartySize || newestAreaRow != NewestAreaRow()) return false;
+  if (thePlayer.PartyCount() < kPartySize) return false;
+  const auto known = knownAreas.find(TrainingRow());
+  if (known == knownAreas.end() || known->second.empty()) return false;
+  int lowest = known->second.front().levelMin;
+  for (const MazeAreaView& area : known->second) lowest = std::min(lowest, area.levelMin);
   const int slot = WeakestSlot(Party());
-  return slot >= 0 && thePlayer.party[slot]->level < newestAreaLowestLevel;
+  return slot >= 0 && thePlayer.party[slot]->level < lowest;
+}
+
+// The strongest creature of the party as it is after a night at home.
+Fighter Autoplayer::Strongest() const {
+  Fighter best;
+  for (const Fighter& creature : FullParty()) {
+    if (!best.species || std::make_tuple(creature.level, creature.MaxHitPoints()) >
+                             std::make_tuple(best.level, best.MaxHitPoints())) {
+      best = creature;
+    }
+  }
+  return best;
+}
+
+// Where to train: the newest open area, unless it has been walked and nothing there is
+// worth fighting yet; then the newest older one that is, or at worst the oldest.
+int Autoplayer::TrainingRow() const {
+  const std::vector<int> rows = OpenAreaRows();
+  if (rows.empty()) return -1;
+  const Fighter strongest = Strongest();
+  for (int row : rows) {
+    const auto known = knownAreas.find(row);
+    if (known == knownAreas.end()) return row;  // walked first to be known
+    if (!strongest.species || WorthTraining(known->second, strongest, thePlayer.difficulty)) return row;
+  }
+  return rows.back();
 }
 
 }  // namespace autoplay

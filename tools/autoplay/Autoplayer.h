@@ -106,6 +106,8 @@ class Autoplayer {
   bool NeedsHealing() const;
   bool ReadyForWizard(int tower) const;
   bool WantsMarket() const;
+  Fighter Strongest() const;
+  int TrainingRow() const;
   MazeView ReadMaze(MazeScreen& maze) const;
   std::string VisitKey(int symbol) const;
 
@@ -144,9 +146,8 @@ class Autoplayer {
   // The maze.
   std::set<std::string> eventsRead;
   int stuckSteps = 0;
-  // The lowest level met in the newest area, once it has been walked.
-  int newestAreaLowestLevel = 0;
-  int newestAreaRow = -1;
+  // The encounter areas of each wild area walked so far, by location row.
+  std::map<int, std::vector<MazeAreaView>> knownAreas;
 
   // Wizards: how much stronger than the wizard's team the party wants to be.
   std::array<float, kTiers> wizardMargin{};

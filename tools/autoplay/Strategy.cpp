@@ -12,6 +12,8 @@ namespace {
 
 // A duel won by this margin or more counts as comfortable.
 constexpr float kComfortable = 2.0f;
+// An area is worth training in when its typical Kindrel is beaten by this margin.
+constexpr float kWorthTraining = 1.5f;
 // What a way through an event cell costs that the player does not want to read again.
 constexpr int kEventCellCost = 6;
 
@@ -73,6 +75,14 @@ float DuelRatio(const Fighter& mine, const Fighter& foe, int difficulty) {
   const float myStrength = static_cast<float>(mine.hitPoints) * PlayerDamagePerTurn(mine, foe, difficulty);
   const float foeStrength = static_cast<float>(foe.hitPoints) * OpponentDamagePerTurn(foe, mine);
   return Ratio(myStrength, foeStrength);
+}
+
+float PartyRatio(const std::vector<std::optional<Fighter>>& party, const Fighter& foe, int difficulty) {
+  float total = 0.0f;
+  for (const std::optional<Fighter>& creature : party) {
+    if (creature && creature->hitPoints > 0) total += DuelRatio(*creature, foe, difficulty);
+  }
+  return total;
 }
 
 int ChooseFighter(const std::vector<std::optional<Fighter>>& party, const Fighter& foe, int difficulty) {
@@ -182,38 +192,47 @@ std::optional<GridStep> FirstStepToward(const MazeView& maze, int x, int y, cons
   return {};
 }
 
-std::vector<int> RankTrainingAreas(const MazeView& maze, const Fighter& strongest, int difficulty) {
+float TypicalRatio(const MazeAreaView& area, const Fighter& mine, int difficulty) {
+  const int lowSpecies = std::clamp(area.speciesMin, 0, kSpeciesCount - 1);
+  const int highSpecies = std::clamp(area.speciesMax, lowSpecies, kSpeciesCount - 1);
+  const int lowLevel = std::max(area.levelMin, 1);
+  const int highLevel = area.levelMax > lowLevel ? area.levelMax - 1 : lowLevel;
+  float ratios = 0.0f;
+  int count = 0;
+  for (int s = lowSpecies; s <= highSpecies; ++s) {
+    for (int level = lowLevel; level <= highLevel; ++level) {
+      // A foe that can do no harm would outweigh all the others.
+      ratios += std::min(DuelRatio(mine, Fighter::Fresh(speciesTable[s], level), difficulty), 100.0f);
+      ++count;
+    }
+  }
+  return ratios / static_cast<float>(count);
+}
+
+std::vector<int> RankTrainingAreas(const std::vector<MazeAreaView>& areas, const Fighter& strongest, int difficulty) {
   struct Rated {
     int index;
-    float ratio;
-    float level;
+    bool comfortable;
+    int levels;  // the sum of the two ends of the level range, for the order
   };
   std::vector<Rated> rated;
-  for (int i = 0; i < static_cast<int>(maze.areas.size()); ++i) {
-    const MazeAreaView& area = maze.areas[i];
-    const int lowSpecies = std::clamp(area.speciesMin, 0, kSpeciesCount - 1);
-    const int highSpecies = std::clamp(area.speciesMax, lowSpecies, kSpeciesCount - 1);
-    const int lowLevel = std::max(area.levelMin, 1);
-    // The top of the level range is never met.
-    const int highLevel = area.levelMax > lowLevel ? area.levelMax - 1 : lowLevel;
-    float ratios = 0.0f;
-    int count = 0;
-    for (int s = lowSpecies; s <= highSpecies; ++s) {
-      for (int level = lowLevel; level <= highLevel; ++level) {
-        ratios += std::min(DuelRatio(strongest, Fighter::Fresh(speciesTable[s], level), difficulty), 100.0f);
-        ++count;
-      }
-    }
-    rated.push_back({i, ratios / static_cast<float>(count), 0.5f * static_cast<float>(lowLevel + highLevel)});
+  for (int i = 0; i < static_cast<int>(areas.size()); ++i) {
+    rated.push_back({i, TypicalRatio(areas[i], strongest, difficulty) >= kComfortable,
+                     areas[i].levelMin + areas[i].levelMax});
   }
   std::stable_sort(rated.begin(), rated.end(), [](const Rated& a, const Rated& b) {
-    const bool aEasy = a.ratio >= kComfortable, bEasy = b.ratio >= kComfortable;
-    if (aEasy != bEasy) return aEasy;
-    return aEasy ? a.level > b.level : a.level < b.level;
+    if (a.comfortable != b.comfortable) return a.comfortable;
+    return a.comfortable ? a.levels > b.levels : a.levels < b.levels;
   });
   std::vector<int> order;
   for (const Rated& r : rated) order.push_back(r.index);
   return order;
+}
+
+bool WorthTraining(const std::vector<MazeAreaView>& areas, const Fighter& strongest, int difficulty) {
+  return std::any_of(areas.begin(), areas.end(), [&](const MazeAreaView& area) {
+    return TypicalRatio(area, strongest, difficulty) >= kWorthTraining;
+  });
 }
 
 }  // namespace autoplay

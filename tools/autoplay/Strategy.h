@@ -50,6 +50,11 @@ float OpponentDamagePerTurn(const Fighter& foe, const Fighter& mine);
 // duel is the difference of the two products.
 float DuelRatio(const Fighter& mine, const Fighter& foe, int difficulty);
 
+// How a whole party is likely to fare against one foe, its creatures fighting one after
+// the other until one of them wins: the sum of their duel ratios (each creature wears the
+// foe down for as long as it lasts). Below 1 the foe is expected to beat them all.
+float PartyRatio(const std::vector<std::optional<Fighter>>& party, const Fighter& foe, int difficulty);
+
 // The party slot that should fight the foe, from the slots whose creatures can fight:
 // the lowest level among those expected to win comfortably (so that experience goes
 // where it is worth most), else the strongest. -1 when nobody can fight.
@@ -99,9 +104,17 @@ struct GridStep {
 // be reached or the player stands on the only one.
 std::optional<GridStep> FirstStepToward(const MazeView& maze, int x, int y, const std::vector<bool>& target);
 
+// The average duel ratio of the creature against the Kindrels an encounter area sends
+// (every species and level of its ranges alike; the top of the level range is never met).
+float TypicalRatio(const MazeAreaView& area, const Fighter& mine, int difficulty);
+
 // The encounter areas in the order in which to try them for training: first those whose
 // typical Kindrel the strongest creature beats comfortably, highest levels first; then
 // the others, lowest levels first.
-std::vector<int> RankTrainingAreas(const MazeView& maze, const Fighter& strongest, int difficulty);
+std::vector<int> RankTrainingAreas(const std::vector<MazeAreaView>& areas, const Fighter& strongest, int difficulty);
+
+// Whether a wild area is worth training in: the strongest creature can expect to beat
+// the typical Kindrel of at least one of its encounter areas.
+bool WorthTraining(const std::vector<MazeAreaView>& areas, const Fighter& strongest, int difficulty);
 
 }  // namespace autoplay
