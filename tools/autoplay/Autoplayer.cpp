@@ -290,7 +290,7 @@ void Autoplayer::OnOptions(OptionsScreen&) {
   }
 }
 
-// The island: heal first, then make room, then the wizard when ready, else the newest area.
+// The island: heal first, then make room, then the wizard when ready, else training.
 void Autoplayer::OnMap() {
   marketSlot = -1;
   const int tier = Tier();

@@ -5,10 +5,11 @@
 // decides from that; it never writes game state.
 //
 // The plan is plain: walk the newest open area toward its encounter areas (reading each
-// marked event once), attack with the best spell, catch while there is room, give the
-// weakest Kindrel away at the market when the party is full and it is weaker than
-// anything the newest area offers, go home to heal when the party is weak, and challenge
-// the next wizard when the party looks strong enough, training more after every loss.
+// marked event once; an older area while the newest sends nothing the party can beat),
+// attack with the best spell, catch while there is room, give the weakest Kindrel away
+// at the market when the party is full and it is weaker than anything the area offers,
+// go home to heal when the party is weak, and challenge the next wizard when the party
+// looks strong enough, training more after every loss.
 #include <array>
 #include <cstdint>
 #include <map>
