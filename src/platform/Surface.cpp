@@ -68,14 +68,18 @@ bool Surface::CopyFrom(int x, int y, const Surface& source, const Rect& s, bool 
   const Rect target{x, y, x + s.Width(), y + s.Height()};
   if (!Inside(target)) return false;
   ++changes;
-  for (int row = 0; row < s.Height(); ++row) {
-    const std::uint16_t* from = source.pixels.data() + static_cast<std::size_t>(s.top + row) * source.pitch + s.left;
-    std::uint16_t* to = pixels.data() + static_cast<std::size_t>(y + row) * pitch + x;
+  // The sizes once: unoptimised builds would call for them at every pixel of a keyed copy.
+  const int width = s.Width(), height = s.Height();
+  const std::uint16_t* source0 = source.pixels.data();
+  std::uint16_t* target0 = pixels.data();
+  for (int row = 0; row < height; ++row) {
+    const std::uint16_t* from = source0 + static_cast<std::size_t>(s.top + row) * source.pitch + s.left;
+    std::uint16_t* to = target0 + static_cast<std::size_t>(y + row) * pitch + x;
     if (!keyed) {
-      std::copy(from, from + s.Width(), to);
+      std::copy(from, from + width, to);
       continue;
     }
-    for (int col = 0; col < s.Width(); ++col) {
+    for (int col = 0; col < width; ++col) {
       if (from[col] != 0) to[col] = from[col];
     }
   }
