@@ -68,6 +68,10 @@ TEST(BitmapFileTest, RunLengthPictures) {
     auto topDown = bytes;  // height -3: run lengths are written bottom-up only
     topDown[22] = 0xFD, topDown[23] = topDown[24] = topDown[25] = 0xFF;
     EXPECT_FALSE(DecodeBitmap(topDown).has_value());
+    auto huge = bytes;  // 5000 x 1000 pixels from a few bytes of runs
+    huge[18] = 0x88, huge[19] = 0x13, huge[20] = huge[21] = 0;
+    huge[22] = 0xE8, huge[23] = 0x03, huge[24] = huge[25] = 0;
+    EXPECT_FALSE(DecodeBitmap(huge).has_value());
   }
 }
 

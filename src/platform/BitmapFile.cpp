@@ -11,6 +11,9 @@ namespace platform {
 namespace {
 
 constexpr std::int64_t kMaxPixels = 64LL * 1024 * 1024;
+// Run lengths let a few bytes stand for a whole picture, so the file's size does not
+// bound them; the game's pictures are far smaller than this.
+constexpr std::int64_t kMaxRunPixels = 4LL * 1024 * 1024;
 constexpr std::uint32_t kRgb = 0;
 constexpr std::uint32_t kRle8 = 1;
 constexpr std::uint32_t kRle4 = 2;
@@ -188,7 +191,7 @@ std::optional<Image565> DecodeBitmap(std::span<const std::uint8_t> bytes) {
   const bool runs = h.compression == kRle8 || h.compression == kRle4;
   std::vector<std::uint8_t> runIndices;
   if (runs) {
-    if (!in.Has(h.pixelOffset, 0)) return std::nullopt;
+    if (!in.Has(h.pixelOffset, 0) || static_cast<std::int64_t>(width) * height > kMaxRunPixels) return std::nullopt;
     std::size_t end = bytes.size();
     if (h.imageSize != 0 && h.imageSize < end - h.pixelOffset) end = h.pixelOffset + h.imageSize;
     runIndices = DecodeRuns(in, h.pixelOffset, end, h, width, height);
