@@ -109,8 +109,21 @@ struct SdlBackend::Impl {
   // Frames go through the renderer when it draws on graphics hardware, else straight into
   // the window's pixels.
   SdlDirectFrame direct{640, 480};
+  bool closed = false;  // hidden, waiting to be destroyed with the backend
+
+  void DestroyWindow() {
+    if (texture) SDL_DestroyTexture(texture);
+    if (renderer) SDL_DestroyRenderer(renderer);
+    if (window) SDL_DestroyWindow(window);
+    direct.Stop();
+    texture = nullptr;
+    renderer = nullptr;
+    window = nullptr;
+    gamepads.reset();
+  }
 
   void Redraw() {
+    if (closed) return;
     if (direct.Started()) {
       direct.Redraw();
       return;
@@ -243,7 +256,7 @@ struct SdlBackend::Impl {
 SdlBackend::SdlBackend() : impl(std::make_unique<Impl>()) {}
 
 SdlBackend::~SdlBackend() {
-  CloseWindow();
+  impl->DestroyWindow();
   if (impl->videoStarted) SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
@@ -256,6 +269,8 @@ std::uint32_t SdlBackend::TickCount() {
 
 OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int height, bool windowed) {
   Impl& s = *impl;
+  s.DestroyWindow();
+  s.closed = false;
   s.width = width;
   s.height = height;
   s.direct = SdlDirectFrame(width, height);
@@ -281,18 +296,18 @@ OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int heigh
 
 void SdlBackend::CloseWindow() {
   Impl& s = *impl;
-  if (s.texture) SDL_DestroyTexture(s.texture);
-  if (s.renderer) SDL_DestroyRenderer(s.renderer);
-  if (s.window) SDL_DestroyWindow(s.window);
+  // The window goes from the screen now and is destroyed with the backend. An event that
+  // arrives while SDL waits makes it send a wake-up message to the window over a second
+  // X connection; a window destroyed at once, before the server has read that message,
+  // turns it into an X error, and Xlib ends the program with exit code 1.
+  if (s.window) SDL_HideWindow(s.window);
   s.direct.Stop();
-  s.texture = nullptr;
-  s.renderer = nullptr;
-  s.window = nullptr;
-  s.gamepads.reset();
+  s.closed = true;
 }
 
 void SdlBackend::ShowFrame(const Surface& frame, const std::vector<Rect>& changed) {
   Impl& s = *impl;
+  if (s.closed) return;
   if (s.direct.Started()) {
     s.direct.Show(frame, changed);
     return;
