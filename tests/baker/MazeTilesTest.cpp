@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "BakedPicture.h"
 #include "platform/BitmapFile.h"
 
 namespace {
@@ -32,15 +33,7 @@ constexpr int kWallRise = 32;
 
 const std::array<const char*, 6> kAreas = {"genwood", "beachcave", "ruins", "icecave", "castle", "forest2"};
 
-Picture Load(const std::string& name) {
-  const fs::path path = fs::path(QUARNWICK_BUILD_DIR) / "dat" / name;
-  auto image = platform::LoadBitmapFile(path.string());
-  if (!image) {
-    ADD_FAILURE() << "the game cannot read " << path;
-    return {};
-  }
-  return *image;
-}
+Picture Load(const std::string& name) { return LoadBakedPicture(name); }
 
 bool Opaque(const Picture& p, int x, int y) { return p.pixels[y * p.width + x] != 0; }
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "BakedPicture.h"
 #include "platform/BitmapFile.h"
 
 namespace {
@@ -38,15 +39,7 @@ const std::array<FigureSet, 4> kSets{{
 // The key colour: what the game leaves out when it draws a keyed picture.
 constexpr std::uint16_t kKey = 0;
 
-platform::Image565 Load(const std::string& name) {
-  const fs::path path = fs::path(QUARNWICK_BUILD_DIR) / "dat" / name;
-  auto image = platform::LoadBitmapFile(path.string());
-  if (!image) {
-    ADD_FAILURE() << "the game cannot read " << path;
-    return {};
-  }
-  return *image;
-}
+platform::Image565 Load(const std::string& name) { return LoadBakedPicture(name); }
 
 bool Shown(const platform::Image565& image, int x, int y) {
   return image.pixels[static_cast<std::size_t>(y) * image.width + x] != kKey;
