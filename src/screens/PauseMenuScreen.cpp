@@ -7,8 +7,6 @@
 #include "screens/OptionsScreen.h"
 #include "shell/Globals.h"
 
-int gameQuitRequest = 0;
-
 PauseMenuScreen::PauseMenuScreen(std::uint32_t id, const char* name)
     : GameMode(id, name), buttons(PackColour(180, 180, 230), PackColour(100, 255, 100)) {
   buttons.Add(new Button(kContinueGame, "Continue Game", 64, 0, 280, 640, 310, 2));
