@@ -96,7 +96,7 @@ void Display::ResetClip() { ClipRect = {0, 0, width, height}; }
 std::uint16_t Display::MatchColour(Surface* surface, std::uint32_t colour) {
   if (!surface || surface->IsLost() || surface->IsLocked() || surface->Width() == 0) return 0xFFFF;
   if (colour == kInvalidColour) return surface->At(0, 0);
-  return platform::Rgb565(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+  return platform::PackedTo565(colour);
 }
 
 void Display::ClearScreen(int r, int g, int b) {
