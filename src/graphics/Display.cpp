@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "platform/FileDialog.h"
+#include "platform/FrameUploader.h"
 #include "platform/Window.h"
 
 Display* theDisplay = nullptr;
@@ -53,7 +53,6 @@ int Display::InitDisplay(int w, int h, int bpp, std::uint32_t flags) {
                                                       : "CreateSurface (primary, friendly) failed.");
   }
   platform::SetWindowSurface(front.get());
-  platform::SetFileDialogBackdrop(front.get());
   ClipRect = {0, 0, w - 1, h - 1};
   lockedPointer = nullptr;
   return 1;
@@ -61,7 +60,6 @@ int Display::InitDisplay(int w, int h, int bpp, std::uint32_t flags) {
 
 void Display::ReleaseDisplay() {
   platform::SetWindowSurface(nullptr);
-  platform::SetFileDialogBackdrop(nullptr);
   back.reset();
   front.reset();
   lockedPointer = nullptr;
@@ -77,7 +75,6 @@ void Display::Present() {
   if (modeFlags & kModeFlip) {
     if (back) std::swap(front, back);
     platform::SetWindowSurface(front.get());
-    platform::SetFileDialogBackdrop(front.get());
     return;
   }
   if ((modeFlags & kModeCopy) && back) front->CopyFrom(0, 0, *back, back->Bounds(), false);

@@ -6,6 +6,7 @@
 #include "creatures/PlayerRecord.h"
 #include "graphics/CrossFade.h"
 #include "graphics/Text.h"
+#include "platform/FrameUploader.h"
 #include "platform/Window.h"
 #include "shell/CommandLine.h"
 #include "shell/Globals.h"

@@ -18,6 +18,7 @@
 #include "creatures/ShowcaseParty.h"
 #include "platform/FileDialog.h"
 #include "platform/FileDialogView.h"
+#include "platform/FrameUploader.h"
 #include "platform/SavesFolder.h"
 #include "platform/Window.h"
 #include "screens/MainMenuScreen.h"
