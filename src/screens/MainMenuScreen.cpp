@@ -40,6 +40,8 @@ ParticleEmitter sparkEmitter{.colourMax = {255, 255, 255}, .colourMin = {255, 25
 
 }  // namespace
 
+void ShutDownGame() { thePlayer.ReleaseParty(); }
+
 float TurnToward(float x, float y, int targetX, int targetY, float heading, float maxTurn) {
   constexpr float kTwoPi = 2 * kPi;
   float bearing = std::atan2(static_cast<float>(targetX) - x, y - static_cast<float>(targetY));
