@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <functional>
 
+#include "ShowcaseParty.h"
 #include "Tour.h"
 #include "combat/CombatMode.h"
 #include "creatures/PlayerRecord.h"
-#include "creatures/ShowcaseParty.h"
 #include "graphics/Picture.h"
 #include "screens/Frame.h"
 #include "screens/PartyBoxes.h"

@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
+#include "ShowcaseParty.h"
 #include "Tour.h"
 #include "creatures/PlayerRecord.h"
-#include "creatures/ShowcaseParty.h"
 #include "platform/FileDialog.h"
 #include "platform/FileDialogView.h"
 #include "platform/FrameUploader.h"
