@@ -16,6 +16,7 @@
 
 #include "platform/FileDialog.h"
 #include "platform/FileDialogView.h"
+#include "platform/FrameUploader.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/SavesFolder.h"
 #include "platform/Surface.h"
@@ -74,7 +75,6 @@ class FileDialogTest : public ::testing::Test {
     ASSERT_NE(CreateMainWindow("Quarnwick", 640, 480, true), 0u);
     gameFrame.Fill(gameFrame.Bounds(), kGameColour);
     SetWindowSurface(&gameFrame);
-    SetFileDialogBackdrop(&gameFrame);
     RefreshWindow();
     WatchFileDialogs([this](const FileDialogState& state) {
       seen.push_back(state);
@@ -83,7 +83,6 @@ class FileDialogTest : public ::testing::Test {
   }
   void TearDown() override {
     WatchFileDialogs({});
-    SetFileDialogBackdrop(nullptr);
     SetWindowSurface(nullptr);
     InstallBackend(nullptr);
     dataHome.reset();

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "platform/FrameUploader.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/Surface.h"
 #include "platform/Window.h"

@@ -4,8 +4,8 @@
 
 #include <set>
 
+#include "ShowcaseParty.h"
 #include "creatures/PlayerRecord.h"
-#include "creatures/ShowcaseParty.h"
 #include "world/LocationTable.h"
 
 namespace {

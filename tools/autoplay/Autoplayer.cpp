@@ -134,7 +134,8 @@ Outcome Autoplayer::Play() {
   platform::InstallBackend(&backend);
   application = std::make_unique<Application>();
   seed = StartingSeed();
-  started = application->StartUp("-F", [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }) != 0;
+  started =
+      application->StartUp("-F", [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }, ShutDownGame) != 0;
   if (!started) {
     reason = "the game could not start";
     return Outcome::Stuck;
