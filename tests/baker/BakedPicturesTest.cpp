@@ -1,5 +1,5 @@
-// The baked pictures as the game sees them: every manifest entry is in this build's dat/
-// at its size, and the game's own bitmap reader loads it.
+// The baker's bitmaps as the game sees them: what the encoder writes at every width, and
+// every manifest entry in this build's dat/ at its size, loaded by the game's own reader.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -29,8 +29,14 @@ std::uint32_t U32(const std::vector<std::uint8_t>& b, std::size_t at) {
   return b[at] | (b[at + 1] << 8) | (b[at + 2] << 16) | (static_cast<std::uint32_t>(b[at + 3]) << 24);
 }
 
-TEST(BakedBitmaps, TheGameReadsWhatTheBakerWritesAtEveryWidth) {
+std::uint32_t U16(const std::vector<std::uint8_t>& b, std::size_t at) { return b[at] | (b[at + 1] << 8); }
+
+// The header fields too, which other programs read even where the game's reader does not,
+// and rows padded to four bytes with zeros.
+TEST(BakedBitmaps, A24BitBottomUpBitmapWithPaddedRowsThatTheGameReadsAtEveryWidth) {
+  const std::size_t expectedStride[] = {0, 4, 8, 12, 12, 16, 20, 24, 24, 28};
   for (int width = 1; width <= 9; ++width) {
+    SCOPED_TRACE(width);
     RgbImage image{width, 3, {}};
     for (int y = 0; y < 3; ++y) {
       for (int x = 0; x < width; ++x) {
@@ -38,14 +44,30 @@ TEST(BakedBitmaps, TheGameReadsWhatTheBakerWritesAtEveryWidth) {
                                 static_cast<std::uint8_t>(8 * (x + y) + 24)});
       }
     }
+    const std::size_t stride = expectedStride[width];
+    EXPECT_EQ(BmpRowStride(width), stride);
     const auto bytes = EncodeBmp24(image);
+    ASSERT_EQ(bytes.size(), 54 + 3 * stride);
+    EXPECT_EQ(bytes[0], 'B');
+    EXPECT_EQ(bytes[1], 'M');
+    EXPECT_EQ(U32(bytes, 2), bytes.size());
+    EXPECT_EQ(U32(bytes, 10), 54u);  // pixels right after the headers
+    EXPECT_EQ(U32(bytes, 14), 40u);
+    EXPECT_EQ(U32(bytes, 18), static_cast<std::uint32_t>(width));
+    EXPECT_EQ(U32(bytes, 22), 3u);  // positive height: bottom row first
+    EXPECT_EQ(U16(bytes, 26), 1u);
+    EXPECT_EQ(U16(bytes, 28), 24u);
+    EXPECT_EQ(U32(bytes, 30), 0u);
+    EXPECT_EQ(U32(bytes, 34), 3 * stride);
+    EXPECT_EQ(U32(bytes, 46), 0u);
+    for (int row = 0; row < 3; ++row)
+      for (std::size_t pad = 3 * width; pad < stride; ++pad) EXPECT_EQ(bytes[54 + row * stride + pad], 0) << row;
+    EXPECT_EQ(EncodeBmp24(image), bytes) << "the same image, the same bytes";
     const auto decoded = platform::DecodeBitmap(bytes);
-    ASSERT_TRUE(decoded) << "width " << width;
+    ASSERT_TRUE(decoded);
     ASSERT_EQ(decoded->width, width);
     ASSERT_EQ(decoded->height, 3);
-    for (std::size_t i = 0; i < image.pixels.size(); ++i) {
-      EXPECT_EQ(decoded->pixels[i], To565(image.pixels[i])) << "width " << width << " pixel " << i;
-    }
+    for (std::size_t i = 0; i < image.pixels.size(); ++i) EXPECT_EQ(decoded->pixels[i], To565(image.pixels[i])) << i;
   }
 }
 

@@ -7,7 +7,6 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -15,8 +14,6 @@
 #include "platform/BitmapFile.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 using Picture = platform::Image565;
 
@@ -37,39 +34,30 @@ Picture Load(const std::string& name) { return LoadBakedPicture(name); }
 
 bool Opaque(const Picture& p, int x, int y) { return p.pixels[y * p.width + x] != 0; }
 
-// A canvas the size of a block of cells, pictures drawn keyed with their bottom edge on
-// their cell's point, in the maze's order.
-struct Field {
-  int width, height, originX, originY;
-  std::vector<std::uint16_t> pixels;
-
-  Field(int cells, const Picture& tile)
-      : width(2 * kStepX * cells + tile.width),
-        height(2 * kStepY * cells + tile.height),
-        originX(kStepX * cells + tile.width / 2),
-        originY(tile.height),
-        pixels(static_cast<std::size_t>(width) * height, 0) {
-    for (int y = 0; y < cells; ++y) {
-      for (int x = 0; x < cells; ++x) Draw(tile, x, y);
-    }
-  }
-  void Draw(const Picture& tile, int cx, int cy) {
-    const int left = originX + (cx - cy) * kStepX - tile.width / 2;
-    const int top = originY + (cx + cy) * kStepY - tile.height;
-    for (int y = 0; y < tile.height; ++y) {
-      for (int x = 0; x < tile.width; ++x) {
-        const std::uint16_t p = tile.pixels[y * tile.width + x];
-        if (p != 0) pixels[(top + y) * width + left + x] = p;
-      }
-    }
-  }
-  // What the field shows where cell (cx, cy)'s tile has its pixel (x, y).
-  std::uint16_t At(const Picture& tile, int cx, int cy, int x, int y) const {
-    const int left = originX + (cx - cy) * kStepX - tile.width / 2;
-    const int top = originY + (cx + cy) * kStepY - tile.height;
-    return pixels[(top + y) * width + left + x];
-  }
-};
+// How many pixels of the inner cells of a 5 x 5 field of the tile stay uncovered where
+// `inside` says the cell's own shape is (a key pixel there would be a black hole between
+// neighbours). Pictures are drawn keyed with their bottom edge on their cell's point, in
+// the maze's order.
+template <typename Inside>
+int FieldHoles(const Picture& tile, Inside inside) {
+  const int cells = 5, width = 2 * kStepX * cells + tile.width, height = 2 * kStepY * cells + tile.height;
+  std::vector<std::uint16_t> field(static_cast<std::size_t>(width) * height, 0);
+  // Where cell (cx, cy)'s tile has its pixel (x, y).
+  auto at = [&](int cx, int cy, int x, int y) -> std::uint16_t& {
+    return field[((cx + cy) * kStepY + y) * width + kStepX * (cells + cx - cy) + x];
+  };
+  for (int cy = 0; cy < cells; ++cy)
+    for (int cx = 0; cx < cells; ++cx)
+      for (int y = 0; y < tile.height; ++y)
+        for (int x = 0; x < tile.width; ++x)
+          if (tile.pixels[y * tile.width + x] != 0) at(cx, cy, x, y) = tile.pixels[y * tile.width + x];
+  int holes = 0;
+  for (int cy = 1; cy < cells - 1; ++cy)
+    for (int cx = 1; cx < cells - 1; ++cx)
+      for (int y = 0; y < tile.height; ++y)
+        for (int x = 0; x < tile.width; ++x) holes += inside(x, y) && at(cx, cy, x, y) == 0;
+  return holes;
+}
 
 // Whether the centre of picture pixel (x, y) lies at least `margin` px inside the diamond
 // whose bottom corner is at (54.5, bottom): |dx| / 54 + |dy| / 14 <= 1, measured along the
@@ -91,16 +79,18 @@ bool InsideBlock(int x, int y, double margin) {
   return cy >= kWallHeight - kWallRise - kStepY - half && cy <= kWallHeight - kStepY + half;
 }
 
-TEST(MazeFloors, AreTheCellsDiamondWithTransparentCorners) {
+double Brightness(std::uint16_t p) {
+  return 0.299 * ((p >> 11) * 255.0 / 31) + 0.587 * (((p >> 5) & 63) * 255.0 / 63) + 0.114 * ((p & 31) * 255.0 / 31);
+}
+
+TEST(MazeFloors, AreTheCellsDiamondAndTileWithoutGapsSeamsOrRims) {
   for (const char* area : kAreas) {
     SCOPED_TRACE(area);
     const Picture floor = Load(std::string(area) + "-floor.bmp");
     ASSERT_EQ(floor.width, kFloorWidth);
     ASSERT_EQ(floor.height, kFloorHeight);
-    EXPECT_FALSE(Opaque(floor, 0, 0));
-    EXPECT_FALSE(Opaque(floor, kFloorWidth - 1, 0));
-    EXPECT_FALSE(Opaque(floor, 0, kFloorHeight - 1));
-    EXPECT_FALSE(Opaque(floor, kFloorWidth - 1, kFloorHeight - 1));
+    for (const auto& [x, y] : {std::pair{0, 0}, {kFloorWidth - 1, 0}, {0, kFloorHeight - 1}, {kFloorWidth - 1, kFloorHeight - 1}})
+      EXPECT_FALSE(Opaque(floor, x, y)) << "corner " << x << "," << y;
     EXPECT_TRUE(Opaque(floor, kFloorWidth / 2, kFloorHeight / 2));
     // Everything well inside the diamond is drawn, nothing well outside it.
     int holes = 0, spills = 0;
@@ -112,46 +102,18 @@ TEST(MazeFloors, AreTheCellsDiamondWithTransparentCorners) {
     }
     EXPECT_EQ(holes, 0) << "key pixels inside the diamond";
     EXPECT_EQ(spills, 0) << "pixels drawn outside the diamond";
-  }
-}
+    EXPECT_EQ(FieldHoles(floor, [](int x, int y) { return InsideDiamond(x, y, kFloorHeight, -1.0); }), 0)
+        << "gaps between neighbours";
 
-TEST(MazeFloors, TileWithoutGaps) {
-  for (const char* area : kAreas) {
-    SCOPED_TRACE(area);
-    const Picture floor = Load(std::string(area) + "-floor.bmp");
-    ASSERT_EQ(floor.width, kFloorWidth);
-    const Field field(5, floor);
-    // Inside the inner cells every pixel is covered by some tile: a key pixel there would be
-    // a black hole between neighbours.
-    int holes = 0;
-    for (int cy = 1; cy < 4; ++cy) {
-      for (int cx = 1; cx < 4; ++cx) {
-        for (int y = 0; y < kFloorHeight; ++y) {
-          for (int x = 0; x < kFloorWidth; ++x) {
-            if (InsideDiamond(x, y, kFloorHeight, -1.0) && field.At(floor, cx, cy, x, y) == 0) ++holes;
-          }
-        }
-      }
-    }
-    EXPECT_EQ(holes, 0);
-  }
-}
-
-// Where a tile and its neighbour both draw a pixel (the one-pixel overlap along their shared
-// edge), they must agree: the ground is one pattern that runs on across the edge, so no seam
-// shows whichever is drawn last. Shading that changes across the tile, or a pattern that
-// does not repeat with the cell, breaks this.
-TEST(MazeFloors, NeighboursAgreeWhereTheyOverlap) {
-  const std::array<std::array<int, 2>, 3> steps = {{{kStepX, kStepY}, {kStepX, -kStepY}, {2 * kStepX, 0}}};
-  for (const char* area : kAreas) {
-    SCOPED_TRACE(area);
-    const Picture floor = Load(std::string(area) + "-floor.bmp");
-    ASSERT_EQ(floor.width, kFloorWidth);
+    // Where a tile and its neighbour both draw a pixel (the one-pixel overlap along their
+    // shared edge), they agree: the ground is one pattern that runs on across the edge, so
+    // no seam shows whichever is drawn last. Shading that changes across the tile, or a
+    // pattern that does not repeat with the cell, breaks this.
     int shared = 0, differing = 0;
-    for (const auto& step : steps) {
+    for (const auto& [sx, sy] : {std::pair{kStepX, kStepY}, {kStepX, -kStepY}, {2 * kStepX, 0}}) {
       for (int y = 0; y < kFloorHeight; ++y) {
         for (int x = 0; x < kFloorWidth; ++x) {
-          const int nx = x - step[0], ny = y - step[1];
+          const int nx = x - sx, ny = y - sy;
           if (nx < 0 || ny < 0 || nx >= kFloorWidth || ny >= kFloorHeight) continue;
           if (!Opaque(floor, x, y) || !Opaque(floor, nx, ny)) continue;
           ++shared;
@@ -170,20 +132,9 @@ TEST(MazeFloors, NeighboursAgreeWhereTheyOverlap) {
     // Where a detail's edge meets the tile's edge the two renderings may differ by more; a
     // seam makes most of them differ.
     EXPECT_LE(differing * 5, shared) << differing << " of " << shared << " shared pixels differ";
-  }
-}
 
-double Brightness(std::uint16_t p) {
-  return 0.299 * ((p >> 11) * 255.0 / 31) + 0.587 * (((p >> 5) & 63) * 255.0 / 63) + 0.114 * ((p & 31) * 255.0 / 31);
-}
-
-// No outline or dark rim along the diamond's edges: it would draw a grid over the field.
-// The pixels along the edge are about as bright as the rest of the tile.
-TEST(MazeFloors, HaveNoRimAlongTheirEdges) {
-  for (const char* area : kAreas) {
-    SCOPED_TRACE(area);
-    const Picture floor = Load(std::string(area) + "-floor.bmp");
-    ASSERT_EQ(floor.width, kFloorWidth);
+    // No outline or dark rim along the diamond's edges: it would draw a grid over the
+    // field. The pixels along the edge are about as bright as the rest of the tile.
     double rim = 0, inner = 0;
     int rimCount = 0, innerCount = 0;
     for (int y = 0; y < kFloorHeight; ++y) {
@@ -207,7 +158,7 @@ TEST(MazeFloors, HaveNoRimAlongTheirEdges) {
   }
 }
 
-TEST(MazeWalls, StandOnTheCellsDiamond) {
+TEST(MazeWalls, StandOnTheCellsDiamondAndStackIntoSolidBlocks) {
   for (const char* area : kAreas) {
     SCOPED_TRACE(area);
     const Picture wall = Load(std::string(area) + "-wall.bmp");
@@ -224,8 +175,6 @@ TEST(MazeWalls, StandOnTheCellsDiamond) {
       EXPECT_LE(std::abs(x - kFloorWidth / 2), 6) << "bottom-row pixel at " << x;
     }
     EXPECT_GT(shown, 0) << "nothing on the diamond's lower corner";
-    EXPECT_FALSE(Opaque(wall, 0, bottom));
-    EXPECT_FALSE(Opaque(wall, kFloorWidth - 1, bottom));
     // The block is solid.
     int holes = 0;
     for (int y = 0; y < kWallHeight; ++y) {
@@ -241,28 +190,8 @@ TEST(MazeWalls, StandOnTheCellsDiamond) {
       if (!Opaque(wall, kFloorWidth - 1, y)) ++holes;
     }
     EXPECT_EQ(holes, 0) << "key pixels inside the block";
-  }
-}
-
-TEST(MazeWalls, StackIntoSolidBlocks) {
-  for (const char* area : kAreas) {
-    SCOPED_TRACE(area);
-    const Picture wall = Load(std::string(area) + "-wall.bmp");
-    ASSERT_EQ(wall.width, kFloorWidth);
-    ASSERT_EQ(wall.height, kWallHeight);
-    const Field field(5, wall);
     // Every pixel of an inner cell's block is covered, by its own wall or one in front.
-    int holes = 0;
-    for (int cy = 1; cy < 4; ++cy) {
-      for (int cx = 1; cx < 4; ++cx) {
-        for (int y = 0; y < kWallHeight; ++y) {
-          for (int x = 0; x < kFloorWidth; ++x) {
-            if (InsideBlock(x, y, -1.0) && field.At(wall, cx, cy, x, y) == 0) ++holes;
-          }
-        }
-      }
-    }
-    EXPECT_EQ(holes, 0);
+    EXPECT_EQ(FieldHoles(wall, [](int x, int y) { return InsideBlock(x, y, -1.0); }), 0) << "holes in a block of walls";
   }
 }
 
