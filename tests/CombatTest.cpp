@@ -19,6 +19,7 @@ constexpr int kBluberd = 0, kFleenu = 4, kStondre = 35, kGradon = 32;
 
 class CombatTest : public ::testing::Test {
  protected:
+  void SetUp() override { thePlayer.StartNewGame(); }
   void TearDown() override {
     game.reset();
     thePlayer.ReleaseParty();
@@ -27,28 +28,23 @@ class CombatTest : public ::testing::Test {
     thePlayer.firstCatchDone = 0;
     for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
   }
-  // A game whose first screen is a probe, with the combat pushed above it.
-  // Set the party up before: ending a game releases it.
+  // A game whose first screen is a probe, with the combat pushed above it. The party is
+  // the new game's unless set up before (a game that ends releases it: loops start anew).
   void Fight(std::vector<std::pair<int, int>> opponents, int catchAllowed = 1) {
-    log.clear();
-    game = std::make_unique<HeadlessGame>([this] { return new ProbeScreen("MAZE", &log); });
-    below = static_cast<ProbeScreen*>(currentScreen);
+    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAZE", &log); });
     auto** list = static_cast<SpeciesInfo**>(std::malloc(sizeof(SpeciesInfo*) * opponents.size()));
     for (std::size_t i = 0; i < opponents.size(); ++i) {
       list[i] = SpeciesAt(opponents[i].first);
       list[i]->encounterLevel = opponents[i].second;
     }
-    const int count = static_cast<int>(opponents.size());
-    below->onMessage = [this, list, count, catchAllowed](std::uint32_t message, WParam wParam, LParam) {
-      if (message == platform::WM_KEYDOWN && wParam == 'B') {
-        pendingScreen = new CombatMode(1, "COMBAT MODE", list, count, "dat\\tower-back.bmp", catchAllowed, 0, 0, 0, 0);
-        below->state = kStatePush;
-      }
-    };
-    game->backend.KeyPress('B');
-    game->RunFor(20);
+    game->Push(new CombatMode(1, "COMBAT MODE", list, static_cast<int>(opponents.size()), "dat\\tower-back.bmp",
+                              catchAllowed, 0, 0, 0, 0), 20);
     combat = static_cast<CombatMode*>(currentScreen);
     ASSERT_STREQ(combat->GetName(), "COMBAT MODE");
+  }
+  void Again() {
+    game.reset();
+    thePlayer.StartNewGame();
   }
   // Runs until the condition holds (or the combat is gone), writing down every new message.
   bool RunUntil(const std::function<bool()>& done, int limitMs = 120000) {
@@ -82,8 +78,7 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
   // give two hits come with some seeds and not with others; the first such seed is used.
   bool found = false;
   for (std::uint32_t seed = 1; seed < 200 && !found; ++seed) {
-    game.reset();
-    thePlayer.StartNewGame();
+    Again();
     Fight({{kBluberd, 2}});
     EXPECT_EQ(combat->message, "Mookie is battling a Bluberd!");
     WaitForChoice();
@@ -101,7 +96,6 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
 }
 
 TEST_F(CombatTest, InputDuringMessagesAndTheButtons) {
-  thePlayer.StartNewGame();
   thePlayer.textSpeed = 10;
   Fight({{kBluberd, 1}});
   EXPECT_EQ(textDelay, 15);
@@ -123,7 +117,6 @@ TEST_F(CombatTest, InputDuringMessagesAndTheButtons) {
 }
 
 TEST_F(CombatTest, ChangingCreatures) {
-  thePlayer.StartNewGame();
   thePlayer.party[2] = Kindrel::Create(kGradon, 3);
   thePlayer.party[2]->hitPoints = 0;  // fainted, but it may still be sent in
   Fight({{kBluberd, 1}});
@@ -188,7 +181,6 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
 }
 
 TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
-  thePlayer.StartNewGame();
   Fight({{kBluberd, 4}});
   WaitForChoice();
   Sure(*thePlayer.party[0]);
@@ -211,8 +203,7 @@ TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
 
 TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
   for (const bool fullParty : {true, false}) {
-    game.reset();
-    thePlayer.StartNewGame();
+    Again();
     if (fullParty) {
       for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);
     }
@@ -228,7 +219,6 @@ TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
 }
 
 TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
-  thePlayer.StartNewGame();
   thePlayer.party[0]->experience = 9;
   Fight({{kBluberd, 1}, {kFleenu, 2}}, 0);
   WaitForChoice();
@@ -268,8 +258,7 @@ TEST_F(CombatTest, ASpellGainedByALevelUpShowsFromTheNextChange) {
 
 TEST_F(CombatTest, AnOpponentRowBelowLevelOneFightsAtLevelOne) {
   for (const int level : {0, -3}) {
-    game.reset();
-    thePlayer.StartNewGame();
+    Again();
     Fight({{kGradon, level}});
     EXPECT_EQ(combat->message, "Mookie is battling a Gradon!") << level;
     EXPECT_EQ(combat->opponent->level, 1) << level;

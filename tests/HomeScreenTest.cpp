@@ -1,5 +1,6 @@
 // The home above another screen, driven through the message loop: the party is healed
 // once per visit, and the screen shows its text over the party.
+#include "screens/CreatureInfoScreen.h"
 #include "screens/HomeScreen.h"
 #include "support/PlaceScreenFixture.h"
 
@@ -9,7 +10,7 @@ class HomeScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
     Prepare("fanfare8.wav", {1200, 2400});
-    Start('H', [] { return new HomeScreen(1, "HEAL MODE"); });
+    Start([] { return new HomeScreen(1, "HEAL MODE"); });
   }
   Kindrel& Put(int slot, int species, int level, int hitPoints) {
     thePlayer.party[slot] = Kindrel::Create(species, level);
@@ -60,6 +61,9 @@ TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisit) {
   Click(300, 200);
   ClickBox(2);
   ASSERT_STREQ(currentScreen->GetName(), "INSPECT_MODE");
+  auto* page = static_cast<CreatureInfoScreen*>(currentScreen);
+  EXPECT_EQ(page->selectedSlot, 2);
+  EXPECT_NE(page->widgets.FindById(CreatureInfoScreen::kSwap), nullptr) << "opened from a place, the page can swap";
   Click(590, 355);  // the page's EXIT
   ASSERT_TRUE(AtPlace());
   Click(320, 360);

@@ -15,7 +15,7 @@ class MarketScreenTest : public PlaceScreenFixture {
   void SetUp() override {
     Prepare("fanfare5.wav", {700, 1400});
     std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
-    Start('K', [] { return new MarketScreen(1, "MARKET MODE"); });
+    Start([] { return new MarketScreen(1, "MARKET MODE"); });
   }
   void ClickGiveAway() { Click(220, 355); }
   Kindrel* Put(int slot, const char* name) {

@@ -55,10 +55,8 @@ class MazeTest : public ::testing::Test {
   // Pushes the maze of a test area above the map, as a click on a wild area does.
   MazeScreen* Enter(const char* area) {
     path = std::string(QUARNWICK_TEST_DATA) + "/areas/" + area;
-    pendingScreen = new MazeScreen(1, "MAZE MODE", path.c_str());
-    currentScreen->state = kStatePush;
     game->backend.MouseMove(600, 470);
-    game->RunFor(100);
+    game->Push(new MazeScreen(1, "MAZE MODE", path.c_str()));
     return dynamic_cast<MazeScreen*>(currentScreen);
   }
   // A key, and time for a step to end (seven frames).

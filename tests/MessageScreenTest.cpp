@@ -14,16 +14,8 @@ class MessageScreenTest : public ::testing::Test {
   void Open(const char* text) {
     game.reset();
     log.clear();
-    game = std::make_unique<HeadlessGame>([this] { return new ProbeScreen("BELOW", &log); });
-    below = static_cast<ProbeScreen*>(currentScreen);
-    below->onMessage = [this, text](std::uint32_t message, WParam wParam, LParam) {
-      if (message == platform::WM_KEYDOWN && wParam == 'O') {
-        pendingScreen = new MessageScreen(1, "INFO_MODE", text, "dat\\nowhere.bmp");
-        below->state = kStatePush;
-      }
-    };
-    game->backend.KeyPress('O');
-    game->RunFor(100);
+    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("BELOW", &log); });
+    game->Push(new MessageScreen(1, "INFO_MODE", text, "dat\\nowhere.bmp"));
     ASSERT_STREQ(currentScreen->GetName(), "INFO_MODE");
   }
   bool Left() const { return currentScreen == below; }

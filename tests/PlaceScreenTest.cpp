@@ -1,7 +1,6 @@
 // What the home, the market and the temple share, each visited from the map: the fanfare
-// that greets every visit, the widgets answered like a menu, leaving with a click, the
-// party strip, and the party boxes that open a Kindrel's page.
-#include "screens/CreatureInfoScreen.h"
+// that greets every visit, the widgets answered like a menu, leaving with a click, and the
+// party strip.
 #include "screens/HomeScreen.h"
 #include "screens/MarketScreen.h"
 #include "screens/TempleScreen.h"
@@ -32,7 +31,7 @@ class PlaceTest : public PlaceScreenFixture, public ::testing::WithParamInterfac
  protected:
   void SetUp() override {
     Prepare(GetParam().fanfareFile, kFanfare);
-    Start('P', GetParam().make);
+    Start(GetParam().make);
     thePlayer.party[0] = Kindrel::Create(4, 2);
     thePlayer.party[3] = Kindrel::Create(4, 2);
   }
@@ -44,7 +43,6 @@ class PlaceTest : public PlaceScreenFixture, public ::testing::WithParamInterfac
     return n;
   }
 };
-class PagesTest : public PlaceTest {};
 
 TEST_P(PlaceTest, EveryVisitIsGreetedAndLeftWithAClick) {
   const Place& p = GetParam();
@@ -82,21 +80,7 @@ TEST_P(PlaceTest, EveryVisitIsGreetedAndLeftWithAClick) {
                                            "MAP activate"}));
 }
 
-TEST_P(PagesTest, APartyBoxOpensThatKindrelsPage) {
-  Visit();
-  ClickBox(3);
-  ASSERT_STREQ(currentScreen->GetName(), "INSPECT_MODE");
-  auto* page = static_cast<CreatureInfoScreen*>(currentScreen);
-  EXPECT_EQ(page->selectedSlot, 3);
-  EXPECT_NE(page->widgets.FindById(CreatureInfoScreen::kSwap), nullptr) << "opened from a place, the page can swap";
-  Click(590, 355);  // the page's EXIT
-  EXPECT_TRUE(AtPlace());
-}
-
 INSTANTIATE_TEST_SUITE_P(Places, PlaceTest, ::testing::Values(kHome, kTemple, kMarket),
-                         [](const auto& info) { return std::string(info.param.name); });
-// The market's boxes choose the Kindrel to give away instead.
-INSTANTIATE_TEST_SUITE_P(Places, PagesTest, ::testing::Values(kHome, kTemple),
                          [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

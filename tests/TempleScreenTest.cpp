@@ -30,7 +30,7 @@ class TempleScreenTest : public PlaceScreenFixture {
     previous = std::filesystem::current_path();
     std::filesystem::current_path(folder / "here");
     helpTopicIndex = 0;  // as at the start of the program
-    Start('T', [] { return new TempleScreen(1, "HELP MODE"); });
+    Start([] { return new TempleScreen(1, "HELP MODE"); });
   }
   void TearDown() override {
     std::filesystem::current_path(previous);

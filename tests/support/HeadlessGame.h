@@ -11,6 +11,7 @@
 #include "platform/Window.h"
 #include "shell/Application.h"
 #include "shell/GameMode.h"
+#include "shell/Globals.h"
 
 class HeadlessGame {
  public:
@@ -40,6 +41,12 @@ class HeadlessGame {
   void Click(int x, int y, std::uint32_t ms = 100) { backend.LeftClick(x, y); RunFor(ms); }
   void RightClick(int x, int y, std::uint32_t ms = 100) { backend.RightClick(x, y); RunFor(ms); }
   void Type(const std::string& text) { backend.TypeText(text); RunFor(100); }
+  // Puts the screen above the current one, as a request of the current one does.
+  void Push(GameMode* screen, std::uint32_t ms = 100) {
+    pendingScreen = screen;
+    currentScreen->state = kStatePush;
+    RunFor(ms);
+  }
   Display& display() { return application->display; }
 
   platform::HeadlessBackend backend;

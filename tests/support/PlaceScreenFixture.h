@@ -27,17 +27,11 @@ class PlaceScreenFixture : public ::testing::Test {
     WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile(kClickSamples));
     WriteFile((folder / "dat" / fanfareFile).string(), MakeWaveFile(fanfare));
   }
-  // The game; the key pushes the place made by `make` above the map.
-  void Start(std::uint32_t key, std::function<GameMode*()> make) {
-    visitKey = key;
+  // The game; each visit pushes a place made by `make` above the map.
+  void Start(std::function<GameMode*()> make) {
+    makePlace = std::move(make);
     game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAP", &log); }, "-F",
                                           HeadlessGame::Sound::On);
-    below->onMessage = [this, key, make](std::uint32_t message, WParam wParam, LParam) {
-      if (message == platform::WM_KEYDOWN && wParam == key) {
-        pendingScreen = make();
-        below->state = kStatePush;
-      }
-    };
     thePlayer.NewGameReset();
   }
   void TearDown() override {
@@ -46,7 +40,7 @@ class PlaceScreenFixture : public ::testing::Test {
   }
   // Comes in from the map, with the pointer out of the way.
   void Visit() {
-    Key(visitKey);
+    game->Push(makePlace());
     ASSERT_NE(currentScreen, below);
     place = static_cast<PlaceScreen*>(currentScreen);
     Do([&] { game->backend.MouseMove(630, 10); });
@@ -93,5 +87,5 @@ class PlaceScreenFixture : public ::testing::Test {
   std::vector<std::string> log;
   ProbeScreen* below = nullptr;
   PlaceScreen* place = nullptr;
-  std::uint32_t visitKey = 0;
+  std::function<GameMode*()> makePlace;
 };
