@@ -4,6 +4,7 @@
 // the bounds of a line read.
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,34 @@ struct ReadFile {
     for (int x = 0; x < grid.width; ++x) row += static_cast<char>(grid.At(x, y));
     return row;
   }
+  // Each entry in the order in which it was finished, as a line of everything it holds.
+  std::vector<std::string> Entries() const {
+    std::vector<std::string> lines;
+    for (ScreenObject* entry : order) {
+      std::ostringstream s;
+      s << entry->GetName() << " " << static_cast<char>(entry->id);
+      if (auto* e = dynamic_cast<MazeEvent*>(entry))
+        s << " at " << e->x << "," << e->y << " needs '" << e->needs << "' or says '" << e->needText << "', says '"
+          << e->mainText << "', gives '" << e->gives << "'";
+      if (auto* a = dynamic_cast<EncounterArea*>(entry))
+        s << " " << a->left << "," << a->top << " to " << a->right << "," << a->bottom << ", species "
+          << a->speciesMin << " to " << a->speciesMax << ", levels " << a->levelMin << " to " << a->levelMax;
+      lines.push_back(s.str());
+    }
+    return lines;
+  }
+  // The maze-wide values: the pictures and the combat's places.
+  std::string Values() const {
+    std::ostringstream s;
+    s << values.wallFile << " " << values.floorFile << " " << values.combatBackground;
+    for (int position : values.combatPositions) s << " " << position;
+    return s.str();
+  }
+  std::vector<int> Start() const {
+    int x = -1, y = -1;
+    const bool found = FindStartCell(grid, &x, &y);
+    return {found, x, y};
+  }
 
   int width = -1, height = -1;
   MazeGrid grid;
@@ -43,45 +72,16 @@ std::string TestArea(const char* name) {
   return content;
 }
 
-void ExpectRectangle(const EncounterArea* area, int left, int top, int right, int bottom) {
-  ASSERT_NE(area, nullptr);
-  EXPECT_EQ(area->left, left);
-  EXPECT_EQ(area->top, top);
-  EXPECT_EQ(area->right, right);
-  EXPECT_EQ(area->bottom, bottom);
-}
-
 TEST(AreaFileTest, TheWorkedExampleReadsAsTheGrammarSays) {
   ReadFile file(TestArea("worked.dat"));
   EXPECT_EQ(file.width, 7);
   EXPECT_EQ(file.height, 5);
-  int x = -1, y = -1;
-  ASSERT_TRUE(FindStartCell(file.grid, &x, &y));
-  EXPECT_EQ(x, 3);
-  EXPECT_EQ(y, 4);
-  ASSERT_EQ(file.order.size(), 2u);
-  MazeEvent* gate = file.Event(0);
-  ASSERT_NE(gate, nullptr);
-  EXPECT_EQ(gate->Symbol(), 'B');
-  EXPECT_STREQ(gate->GetName(), "EVENT");
-  EXPECT_EQ(gate->x, 5);
-  EXPECT_EQ(gate->y, 1);
-  EXPECT_STREQ(gate->needs, "Golden Key");
-  EXPECT_STREQ(gate->needText, "The gate is locked.");
-  EXPECT_STREQ(gate->mainText, "The gate swings open.");
-  EXPECT_STREQ(gate->gives, "Silver Flute");
-  EncounterArea* area = file.Area(1);
-  ExpectRectangle(area, 1, 1, 3, 2);
-  EXPECT_STREQ(area->GetName(), "AREA");
-  EXPECT_EQ(area->speciesMin, 0);
-  EXPECT_EQ(area->speciesMax, 6);
-  EXPECT_EQ(area->levelMin, 1);
-  EXPECT_EQ(area->levelMax, 3);
-  EXPECT_STREQ(file.values.wallFile, "dat\\wall.bmp");
-  EXPECT_STREQ(file.values.floorFile, "dat\\floor.bmp");
-  EXPECT_STREQ(file.values.combatBackground, "dat\\comback-scar-for.bmp");
-  EXPECT_EQ(std::vector<int>(file.values.combatPositions, file.values.combatPositions + 4),
-            (std::vector<int>{160, 300, 480, 300}));
+  EXPECT_EQ(file.Start(), (std::vector<int>{true, 3, 4}));
+  EXPECT_EQ(file.Entries(), (std::vector<std::string>{
+                                "EVENT B at 5,1 needs 'Golden Key' or says 'The gate is locked.', says 'The gate swings "
+                                "open.', gives 'Silver Flute'",
+                                "AREA a 1,1 to 3,2, species 0 to 6, levels 1 to 3"}));
+  EXPECT_EQ(file.Values(), "dat\\wall.bmp dat\\floor.bmp dat\\comback-scar-for.bmp 160 300 480 300");
   for (std::uint8_t flag : file.grid.visible) EXPECT_EQ(flag, 1);
   EXPECT_EQ(file.repairs.rowsCut + file.repairs.rowsShort + file.repairs.rowsUnended + file.repairs.oneCellAreas, 0);
 }
@@ -95,43 +95,25 @@ TEST(AreaFileTest, KeywordsCommentsRowsAndAreasOfEveryShape) {
   EXPECT_EQ(file.Row(1), "1EEE0b2x29");
   EXPECT_EQ(file.Row(2), "1c0b000111");
   EXPECT_EQ(file.Row(5), "1111d11111");
-  int x = -1, y = -1;
-  ASSERT_TRUE(FindStartCell(file.grid, &x, &y));
-  EXPECT_EQ(x, 8) << "the later of two exits is the start";
-  EXPECT_EQ(y, 1);
+  EXPECT_EQ(file.Start(), (std::vector<int>{true, 8, 1})) << "the later of two exits is the start";
 
-  // Entries in the order in which they were finished.
-  std::vector<std::string> order;
-  for (ScreenObject* entry : file.order) order.push_back(std::string(entry->GetName()) + static_cast<char>(entry->id));
-  EXPECT_EQ(order, (std::vector<std::string>{"AREAc", "EVENTE", "AREAd", "AREAb", "EVENTz", "AREAx"}));
-
-  MazeEvent* e = file.Event(1);
-  EXPECT_EQ(e->x, 3) << "an event on three cells sits on the last";
-  EXPECT_EQ(e->y, 1);
-  EXPECT_STREQ(e->mainText, "goes to the event E, not to the area") << "text after an AREA line";
-  EXPECT_STREQ(e->needs, "a") << "NEEDSX is NEEDS";
-  EXPECT_STREQ(e->gives, "") << "a keyword without an argument is ignored";
-  MazeEvent* unused = file.Event(4);
-  EXPECT_EQ(unused->x, -1);
-  EXPECT_EQ(unused->y, -1);
-
-  ExpectRectangle(file.Area(0), 1, 2, 5, 4);
-  EXPECT_EQ(file.Area(0)->speciesMin, 2);
-  EXPECT_EQ(file.Area(0)->levelMax, 4);
-  ExpectRectangle(file.Area(2), 2, 3, 4, 5);
-  EncounterArea* diagonal = file.Area(3);
-  ExpectRectangle(diagonal, 5, 1, 3, 2);
+  // An event on three cells sits on the last; a text after an AREA line goes to the event
+  // before it; NEEDSX is NEEDS; a keyword without an argument is ignored; an event on no
+  // cell is nowhere. An area whose cells run from its last corner back to its first
+  // contains nothing; an area of one cell is that cell.
+  EXPECT_EQ(file.Entries(), (std::vector<std::string>{
+                                "AREA c 1,2 to 5,4, species 2 to 3, levels 4 to 4",
+                                "EVENT E at 3,1 needs 'a' or says '', says 'goes to the event E, not to the area', "
+                                "gives ''",
+                                "AREA d 2,3 to 4,5, species 1 to 1, levels 2 to 2",
+                                "AREA b 5,1 to 3,2, species 0 to 0, levels 1 to 1",
+                                "EVENT z at -1,-1 needs '' or says '', says '', gives ''",
+                                "AREA x 7,1 to 7,1, species 5 to 5, levels 3 to 3"}));
   for (int cy = 0; cy < file.height; ++cy)
-    for (int cx = 0; cx < file.width; ++cx) EXPECT_FALSE(diagonal->Contains(cx, cy)) << cx << "," << cy;
-  ExpectRectangle(file.Area(5), 7, 1, 7, 1);  // one cell
+    for (int cx = 0; cx < file.width; ++cx) EXPECT_FALSE(file.Area(3)->Contains(cx, cy)) << cx << "," << cy;
   EXPECT_TRUE(file.Area(5)->Contains(7, 1));
-
-  EXPECT_STREQ(file.values.wallFile, "dat\\w.bmp") << "ARTWORK is ART";
-  EXPECT_STREQ(file.values.floorFile, "dat\\f.bmp");
-  EXPECT_EQ(std::vector<int>(file.values.combatPositions, file.values.combatPositions + 4),
-            (std::vector<int>{1, 2, 0, 0}))
-      << "numbers after an unreadable one keep their values";
-  EXPECT_STREQ(file.values.combatBackground, "dat\\comback-scar-for.bmp");
+  // ARTWORK is ART; numbers after an unreadable one keep their values.
+  EXPECT_EQ(file.Values(), "dat\\w.bmp dat\\f.bmp dat\\comback-scar-for.bmp 1 2 0 0");
   EXPECT_EQ(file.repairs.rowsCut, 1);
   EXPECT_EQ(file.repairs.rowsShort, 1);
   EXPECT_EQ(file.repairs.oneCellAreas, 1);
@@ -143,8 +125,7 @@ TEST(AreaFileTest, ReadsAreBoundedAndALastLineWithoutItsEndLosesACharacter) {
   EXPECT_EQ(cut.width, 1);
   EXPECT_EQ(cut.Row(1), "1");
   EXPECT_EQ(cut.repairs.rowsUnended, 1);
-  int x, y;
-  EXPECT_FALSE(FindStartCell(cut.grid, &x, &y));
+  EXPECT_FALSE(cut.Start()[0]);
 
   // A line longer than one read goes on as a line of its own, which here is no keyword.
   ReadFile longRow("ROW " + std::string(3000, '0') + "2\n");
