@@ -83,15 +83,14 @@ TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
     bound["A"] = {{'X', state, nullptr}};
     Start("A");
     Press('X');
-    ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
-    EXPECT_EQ(game->backend.MessageBoxes()[0].text, text);
-    EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
-    EXPECT_FALSE(game->backend.MessageBoxes()[0].errorIcon);
+    EXPECT_EQ(Boxes(game->backend), (std::vector<ShownBox>{{text, "Game Failure", false}}));
     EXPECT_TRUE(game->application->Ended());
     EXPECT_EQ(game->application->ExitCode(), 0);
     EXPECT_FALSE(game->backend.WindowOpen());
-    if (state == kStateLeave) EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
-    if (state == kStateLeave) EXPECT_EQ(currentScreen, nullptr);
+    if (state == kStateLeave) {
+      EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
+      EXPECT_EQ(currentScreen, nullptr);
+    }
     game.reset();
   }
 }
@@ -180,20 +179,16 @@ TEST_F(StackTest, TheFrameClockAcrossTheWrapOfTheMillisecondCount) {
     game->RunFor(1);
   }
   ASSERT_GE(timed->ticks.size(), 28u);
-  for (std::size_t i = 1; i < timed->ticks.size(); ++i) {
+  for (std::size_t i = 1; i < timed->ticks.size(); ++i)
     EXPECT_GE(timed->ticks[i] - timed->ticks[i - 1], 34u) << timed->ticks[i];
-  }
 
   // The decisions of the loop, a frame on the last millisecond before the wrap included.
   const std::uint32_t top = 0xFFFFFFFFu;
-  EXPECT_FALSE(FrameIsDue(top, top));
-  EXPECT_FALSE(FrameIsDue(32, top));
-  EXPECT_TRUE(FrameIsDue(33, top));
-  EXPECT_FALSE(FrameIsDue(1, top - 31));
-  EXPECT_TRUE(FrameIsDue(34, 0));
-  EXPECT_EQ(MillisecondsToNextFrame(top, top), 34u);
-  EXPECT_EQ(MillisecondsToNextFrame(20, top), 13u);
-  EXPECT_EQ(MillisecondsToNextFrame(33, top), 0u);
+  for (const auto& [now, last, due] :
+       {std::tuple{top, top, false}, {32u, top, false}, {33u, top, true}, {1u, top - 31, false}, {34u, 0u, true}})
+    EXPECT_EQ(FrameIsDue(now, last), due) << now << " after " << last;
+  for (const auto& [now, wait] : {std::pair{top, 34u}, {20u, 13u}, {33u, 0u}})
+    EXPECT_EQ(MillisecondsToNextFrame(now, top), wait) << now;
 }
 
 TEST(StartUpTest, DisplayFailuresShowTheirReasonAndEndTheProgram) {
@@ -215,24 +210,16 @@ TEST(StartUpTest, DisplayFailuresShowTheirReasonAndEndTheProgram) {
       EXPECT_FALSE(made);
       EXPECT_TRUE(application.Ended());
     }
-    ASSERT_EQ(backend.MessageBoxes().size(), 1u);
-    EXPECT_EQ(backend.MessageBoxes()[0].text, text);
-    EXPECT_EQ(backend.MessageBoxes()[0].caption, "Game Init Failure");
-    EXPECT_FALSE(backend.MessageBoxes()[0].errorIcon);
+    EXPECT_EQ(Boxes(backend), (std::vector<ShownBox>{{text, "Game Init Failure", false}}));
     platform::InstallBackend(nullptr);
   }
 }
 
 TEST(CommandLineTest, SwitchesAndStrayWords) {
-  EXPECT_EQ(ParseCommandLine("").windowed, 0);
-  EXPECT_EQ(ParseCommandLine("-F").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("/f").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("-D 3 -F").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("-D4 /F").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("-T").windowed, 0);
-  EXPECT_EQ(ParseCommandLine("hello -X world -f").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("F").windowed, 0) << "a letter without a switch sign is a word";
-  EXPECT_EQ(ParseCommandLine("-").windowed, 0);
+  // A letter without a switch sign is a word.
+  for (const auto& [line, windowed] : {std::pair{"", 0}, {"-F", 1}, {"/f", 1}, {"-D 3 -F", 1}, {"-D4 /F", 1},
+                                       {"-T", 0}, {"hello -X world -f", 1}, {"F", 0}, {"-", 0}})
+    EXPECT_EQ(ParseCommandLine(line).windowed, windowed) << line;
 }
 
 TEST(ScreenObjectTest, EqualityAndNames) {

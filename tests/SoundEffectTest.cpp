@@ -15,12 +15,12 @@
 #include "platform/HeadlessBackend.h"
 #include "platform/Window.h"
 #include "shell/Globals.h"
+#include "support/HeadlessGame.h"
 #include "support/TestData.h"
 #include "support/WaveBytes.h"
 
 using Request = platform::HeadlessAudio::Request;
 using Calls = std::vector<std::tuple<Request, int, int>>;
-using Box = std::pair<std::string, std::string>;
 
 namespace {
 
@@ -48,11 +48,6 @@ class SoundEffectTest : public ::testing::Test {
     Audio().ClearRecord();
     return calls;
   }
-  std::vector<Box> Boxes() {
-    std::vector<Box> boxes;
-    for (const auto& b : backend.MessageBoxes()) boxes.emplace_back(b.text, b.caption);
-    return boxes;
-  }
 
   TempFolder folder{"sound", TempFolder::DataRoot};
   platform::HeadlessBackend backend;
@@ -79,7 +74,7 @@ TEST_F(SoundEffectTest, TheOutputIsTheBackendsDeviceAndWithoutOneTheGameIsSilent
   EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
   PlaySound(0, nullptr);
   FreeSound(nullptr);
-  EXPECT_TRUE(Boxes().empty());
+  EXPECT_TRUE(backend.MessageBoxes().empty());
   EXPECT_TRUE(Requests().empty());
 }
 
@@ -100,7 +95,7 @@ TEST_F(SoundEffectTest, ASoundHoldsItsWaveAndABufferAtFullVolume) {
   EXPECT_EQ(Audio().Buffers()[0].samples, Pcm16(kTone));
   EXPECT_EQ(Requests(), (Calls{{Request::Create, 1, 0}, {Request::SetVolume, 1, 0}}));
   EXPECT_EQ(sound->playing, 0);
-  EXPECT_TRUE(Boxes().empty());
+  EXPECT_TRUE(backend.MessageBoxes().empty());
   FreeSound(sound);
   EXPECT_EQ(Requests(), (Calls{{Request::Release, 1, 0}}));
   EXPECT_EQ(Audio().LiveBuffers(), 0);
@@ -154,36 +149,33 @@ TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheSoundOver) {
 
 TEST_F(SoundEffectTest, EveryFailureShowsItsBox) {
   // A wave that cannot be read (the reader's tests have every kind) gives no sound; nor
-  // does a buffer the device refuses.
+  // does a buffer the device refuses. These set-up failures show the error icon.
   EXPECT_EQ(LoadSound(0, "dat\\missing.wav"), nullptr);
   EXPECT_TRUE(Requests().empty());
-  const Box refused{"Cannot create new buffer", "Direct Sound Error"};
+  const ShownBox refused{"Cannot create new buffer", "Direct Sound Error", true};
   Write("compressed.wav", MakeWaveFile(kTone, 2, Bytes{0xF4, 0x01}));  // a format it does not play
   EXPECT_EQ(LoadSound(0, "dat\\compressed.wav"), nullptr);
   Audio().FailCreate(true);
   EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
-  EXPECT_EQ(Boxes(), (std::vector<Box>{{"Bad wave file or file too big to fit in memory", "Cannot load wave"},
-                                       refused, refused}));
+  EXPECT_EQ(Boxes(backend), (std::vector<ShownBox>{
+                                {"Bad wave file or file too big to fit in memory", "Cannot load wave", true}, refused,
+                                refused}));
   EXPECT_EQ(Audio().LiveBuffers(), 0);
   Audio().FailCreate(false);
 
-  // A failed start, then a failed rewind.
+  // A failed start, then a failed rewind: plain boxes.
   SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
   Audio().FailPlay(true);
   PlaySound(0, sound);
   EXPECT_EQ(sound->playing, 0);
-  EXPECT_EQ(Boxes().back(), (Box{"Cannot start playing", "Direct Sound Error"}));
+  EXPECT_EQ(Boxes(backend).back(), (ShownBox{"Cannot start playing", "Direct Sound Error", false}));
   Audio().FailPlay(false);
   PlaySound(0, sound);
   EXPECT_EQ(sound->playing, 1);
   Audio().FailRewind(true);
   PlaySound(0, sound);
-  EXPECT_EQ(Boxes().back(), (Box{"Cannot set current position", "Direct Sound Error"}));
-  EXPECT_EQ(Boxes().size(), 5u);
-  // The set-up failures show the error icon, the failures to play plain boxes.
-  std::vector<bool> icons;
-  for (const auto& b : backend.MessageBoxes()) icons.push_back(b.errorIcon);
-  EXPECT_EQ(icons, (std::vector<bool>{true, true, true, false, false}));
+  EXPECT_EQ(Boxes(backend).back(), (ShownBox{"Cannot set current position", "Direct Sound Error", false}));
+  EXPECT_EQ(Boxes(backend).size(), 5u);
   FreeSound(sound);
 }
 

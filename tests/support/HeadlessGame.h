@@ -2,11 +2,15 @@
 // A whole game on the headless backend: start-up, the real message loop driven by the
 // manual clock, and shutdown. Tests feed input through `backend` and read state, texts
 // and pixels.
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "graphics/Display.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/Window.h"
 #include "shell/Application.h"
@@ -53,6 +57,30 @@ class HeadlessGame {
   std::unique_ptr<Application> application;
   int started = 0;
   bool shutDown = false;
+};
+
+// The message boxes shown so far, each as its text, its caption and whether it has the
+// error icon.
+using ShownBox = std::tuple<std::string, std::string, bool>;
+inline std::vector<ShownBox> Boxes(const platform::HeadlessBackend& backend) {
+  std::vector<ShownBox> boxes;
+  for (const auto& b : backend.MessageBoxes()) boxes.emplace_back(b.text, b.caption, b.errorIcon);
+  return boxes;
+}
+
+// A game that shows an idle screen in full-screen mode, for tests that draw on its display
+// (drawing goes to the back buffer, cleared to black).
+class IdleGameTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
+    ASSERT_EQ(game->started, 1);
+    target = theDisplay->DrawTarget();
+    theDisplay->ClearScreen(0, 0, 0);
+  }
+  void TearDown() override { game.reset(); }
+  std::unique_ptr<HeadlessGame> game;
+  Surface* target = nullptr;
 };
 
 // A screen that writes down what the shell does to it.
