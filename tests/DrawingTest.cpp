@@ -16,18 +16,8 @@
 
 namespace {
 
-// A game on the headless backend in full-screen mode (drawing goes to the back buffer).
-class DrawingTest : public ::testing::Test {
+class DrawingTest : public IdleGameTest {
  protected:
-  void SetUp() override {
-    game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
-    ASSERT_EQ(game->started, 1);
-    target = theDisplay->DrawTarget();
-    theDisplay->ClearScreen(0, 0, 0);
-  }
-  void TearDown() override {
-    game.reset();
-  }
   // A picture whose every pixel tells where it came from: 1 + x + 100 y.
   void Numbered(Picture& picture, int w, int h) {
     picture.CreateBlank(w, h);
@@ -43,8 +33,6 @@ class DrawingTest : public ::testing::Test {
   }
 
   TempFolder folder{"drawing", TempFolder::DataRoot};
-  std::unique_ptr<HeadlessGame> game;
-  Surface* target = nullptr;
 };
 
 TEST_F(DrawingTest, PicturesAreClippedToTheClipRectangle) {

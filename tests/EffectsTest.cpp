@@ -33,16 +33,13 @@ TEST(RandomTest, TheWellKnownSequenceOfItsArithmetic) {
   }
 }
 
-class EffectsTest : public ::testing::Test {
+class EffectsTest : public IdleGameTest {
  protected:
   void SetUp() override {
-    game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
-    back = theDisplay->DrawTarget();
+    IdleGameTest::SetUp();
     front = theDisplay->front.get();
-    theDisplay->ClearScreen(0, 0, 0);
   }
-  std::unique_ptr<HeadlessGame> game;
-  Surface* back = nullptr;
+  Surface*& back = target;
   Surface* front = nullptr;
 };
 

@@ -19,18 +19,15 @@ constexpr int kBluberd = 0;  // "dat\BLUEBIRD.bmp", left missing
 constexpr int kFleenu = 4;   // "dat\PUFFBALL.bmp", a grey square in these tests
 constexpr int kBoxTop = 375, kBoxBottom = 480;
 
-class PartyStripTest : public ::testing::Test {
+class PartyStripTest : public IdleGameTest {
  protected:
   void SetUp() override {
     std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
-    game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); }, "");
-    ASSERT_EQ(game->started, 1);
-    target = theDisplay->DrawTarget();
-    Clear();
+    IdleGameTest::SetUp();
   }
   void TearDown() override {
     record.ReleaseParty();
-    game.reset();
+    IdleGameTest::TearDown();
   }
   void Clear() { target->Fill(target->Bounds(), 0); }
   std::uint16_t Pixel(std::uint32_t colour) { return theDisplay->MatchColour(target, colour); }
@@ -63,8 +60,6 @@ class PartyStripTest : public ::testing::Test {
   }
 
   TempFolder folder{"strip", TempFolder::DataRoot};
-  std::unique_ptr<HeadlessGame> game;
-  Surface* target = nullptr;
   PlayerRecord record;
 };
 

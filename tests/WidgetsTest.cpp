@@ -72,13 +72,8 @@ TEST(ListTest, CursorSearchRemoveAndOwnership) {
   EXPECT_EQ(deleted, 4);
 }
 
-class WidgetTest : public ::testing::Test {
+class WidgetTest : public IdleGameTest {
  protected:
-  void SetUp() override {
-    game = std::make_unique<HeadlessGame>([] { return new GameMode(1, "IDLE"); });
-    target = theDisplay->DrawTarget();
-    theDisplay->ClearScreen(0, 0, 0);
-  }
   // Whether any pixel of the rectangle has the colour (as drawn by anti-aliased text,
   // the pure colour appears in the glyphs' cores).
   bool HasColour(const Rect& r, int red, int green, int blue) const {
@@ -88,8 +83,6 @@ class WidgetTest : public ::testing::Test {
         if (target->At(x, y) == want) return true;
     return false;
   }
-  std::unique_ptr<HeadlessGame> game;
-  Surface* target = nullptr;
 };
 
 TEST_F(WidgetTest, HitTestAndCycle) {
