@@ -20,6 +20,7 @@
 #include "platform/SavesFolder.h"
 #include "platform/Surface.h"
 #include "platform/Window.h"
+#include "support/TestData.h"
 
 using namespace platform;
 namespace fs = std::filesystem;
@@ -58,9 +59,6 @@ Rect Middle(const Rect& r) { return {(r.left + r.right) / 2, (r.top + r.bottom) 
 class FileDialogTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root = fs::temp_directory_path() / ("quarnwick-dialogs-" + std::to_string(::getpid()));
-    fs::remove_all(root);
-    fs::create_directories(root);
     dataHome.emplace("XDG_DATA_HOME", (root / "data").string());
     saves = (root / "data" / "quarnwick" / "saves").string();
     received.clear();
@@ -82,9 +80,6 @@ class FileDialogTest : public ::testing::Test {
     SetWindowSurface(nullptr);
     InstallBackend(nullptr);
     dataHome.reset();
-    std::error_code ignored;
-    fs::permissions(root, fs::perms::owner_all, fs::perm_options::add, ignored);
-    fs::remove_all(root, ignored);
   }
 
   // A saved game in the saves folder, last written `age` seconds before the fixed noon.
@@ -108,15 +103,25 @@ class FileDialogTest : public ::testing::Test {
     for (std::uint32_t key : keys) backend.KeyPress(key);
   }
   void ClickOn(const Rect& r, std::uint32_t delayMs = 0) { backend.LeftClick(Middle(r).left, Middle(r).top, delayMs); }
-  std::optional<std::string> Open() { return RunFileDialog(FileDialogKind::Open, "Load Game"); }
-  std::optional<std::string> Save() { return RunFileDialog(FileDialogKind::Save, "Save Game"); }
+  // Types the text and presses the keys, then runs the dialog, which meets them as they come.
+  std::optional<std::string> Run(FileDialogKind kind, std::initializer_list<std::uint32_t> keys, const std::string& typed) {
+    backend.TypeText(typed);
+    Keys(keys);
+    return RunFileDialog(kind, kind == FileDialogKind::Open ? "Load Game" : "Save Game");
+  }
+  std::optional<std::string> Open(std::initializer_list<std::uint32_t> keys = {}, const std::string& typed = "") {
+    return Run(FileDialogKind::Open, keys, typed);
+  }
+  std::optional<std::string> Save(std::initializer_list<std::uint32_t> keys = {}, const std::string& typed = "") {
+    return Run(FileDialogKind::Save, keys, typed);
+  }
   std::string In(const std::string& name) const { return saves + "/" + name; }
 
   std::uint16_t DialogPixel(int x, int y) const { return lastDialogFrame[static_cast<std::size_t>(y) * 640 + x]; }
 
   static constexpr std::uint16_t kGameColour = Rgb565(200, 120, 40);
   const FileDialogLayout& layout = kFileDialogLayout;
-  fs::path root;
+  TempFolder root{"dialogs"};
   std::string saves;
   std::optional<ScopedEnv> dataHome;
   HeadlessBackend backend;
@@ -147,9 +152,7 @@ TEST_F(FileDialogTest, SavesFolderIsMadeOnDemandWhereTheDesktopKeepsData) {
   const ScopedEnv blocked("XDG_DATA_HOME", (root / "plain-file").string());
   EXPECT_EQ(SavesFolder(), "");
   for (const char* path : {"/elsewhere/my-game", "bare"}) {
-    backend.TypeText(path);
-    Keys({VK_RETURN});
-    EXPECT_EQ(Save(), path);
+    EXPECT_EQ(Save({VK_RETURN}, path), path);
     EXPECT_TRUE(seen.back().files.empty());
     EXPECT_EQ(seen.back().folder, "");
   }
@@ -167,8 +170,7 @@ TEST_F(FileDialogTest, ListsTheReadableSavedGamesNewestFirst) {
   ::chmod(locked.c_str(), 0);
   const bool lockedIsUnreadable = ::access(locked.c_str(), R_OK) != 0;  // not so for the superuser
 
-  Keys({VK_ESCAPE});
-  EXPECT_EQ(Open(), std::nullopt);
+  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
   ASSERT_FALSE(seen.empty()) << "the dialog showed itself";
   EXPECT_EQ(seen.back().title, "Load Game");
   EXPECT_EQ(seen.back().folder, saves);
@@ -183,8 +185,7 @@ TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnterAndLeavesWithEscape) 
   MakeSave("first.gam", 10);
   MakeSave("second.gam", 20);
   MakeSave("third.gam", 30);
-  Keys({VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_RETURN});
-  EXPECT_EQ(Open(), In("second.gam"));
+  EXPECT_EQ(Open({VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_RETURN}), In("second.gam"));
   EXPECT_EQ(seen.back().name, "second.gam") << "moving in the list fills the name field";
 
   // The rest of the closing key does not reach the game afterwards.
@@ -194,16 +195,12 @@ TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnterAndLeavesWithEscape) 
   for (const Message& r : received) EXPECT_FALSE(r.message == WM_CHAR && r.wParam == VK_RETURN);
 
   // Home and End reach the ends of the list, and the list keeps to its ends.
-  Keys({VK_END, VK_DOWN, VK_RETURN});
-  EXPECT_EQ(Save(), In("third.gam"));
-  Keys({VK_HOME, VK_UP, VK_RETURN});
-  EXPECT_EQ(Save(), In("first.gam"));
+  EXPECT_EQ(Save({VK_END, VK_DOWN, VK_RETURN}), In("third.gam"));
+  EXPECT_EQ(Save({VK_HOME, VK_UP, VK_RETURN}), In("first.gam"));
 
   // Escape and Cancel leave with nothing, whatever was chosen or typed.
   Keys({VK_DOWN});
-  backend.TypeText("more");
-  Keys({VK_ESCAPE});
-  EXPECT_EQ(Save(), std::nullopt);
+  EXPECT_EQ(Save({VK_ESCAPE}, "more"), std::nullopt);
   Keys({VK_DOWN});
   ClickOn(layout.cancel);
   EXPECT_EQ(Open(), std::nullopt);
@@ -211,38 +208,24 @@ TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnterAndLeavesWithEscape) 
 }
 
 TEST_F(FileDialogTest, TypedNamesArePathsInTheSavesFolderOrAsGiven) {
-  backend.TypeText("quest1x");
-  Keys({VK_BACK, VK_RETURN});
-  EXPECT_EQ(Save(), In("quest1")) << "the caller adds the extension";
-  for (const std::string path : {"/somewhere/else/game.txt", "relative/game"}) {
-    backend.TypeText(path);
-    Keys({VK_RETURN});
-    EXPECT_EQ(Save(), path);
-  }
+  EXPECT_EQ(Save({VK_BACK, VK_RETURN}, "quest1x"), In("quest1")) << "the caller adds the extension";
+  for (const std::string path : {"/somewhere/else/game.txt", "relative/game"}) EXPECT_EQ(Save({VK_RETURN}, path), path);
 
   // Typing is in the game's code page; the path is the file system's.
-  backend.TypeText("caf\xE9");
-  Keys({VK_RETURN});
-  EXPECT_EQ(Save(), In("caf\xC3\xA9"));
+  EXPECT_EQ(Save({VK_RETURN}, "caf\xE9"), In("caf\xC3\xA9"));
 
   // Control characters are no text; Backspace on an empty field does nothing.
   Keys({VK_BACK});
-  backend.TypeText("a\tb\x7F");
-  Keys({VK_ESCAPE});
-  EXPECT_EQ(Save(), std::nullopt);
+  EXPECT_EQ(Save({VK_ESCAPE}, "a\tb\x7F"), std::nullopt);
   EXPECT_EQ(seen.back().name, "ab");
 
   // The field holds as much as the game's name buffer.
-  backend.TypeText(std::string(200, 'z'));
-  Keys({VK_RETURN});
-  EXPECT_EQ(Save(), In(std::string(FileDialogState::kNameCapacity, 'z')));
+  EXPECT_EQ(Save({VK_RETURN}, std::string(200, 'z')), In(std::string(FileDialogState::kNameCapacity, 'z')));
 
   // Typing over a chosen file returns the typed name; the file is no longer chosen.
   MakeSave("dragon.gam", 10);
   Keys({VK_DOWN, VK_BACK, VK_BACK, VK_BACK, VK_BACK});
-  backend.TypeText("s");
-  Keys({VK_RETURN});
-  EXPECT_EQ(Save(), In("dragons"));
+  EXPECT_EQ(Save({VK_RETURN}, "s"), In("dragons"));
   EXPECT_EQ(seen.back().selected, -1);
 }
 
@@ -265,14 +248,12 @@ TEST_F(FileDialogTest, MouseChoosesAFileThenOkOrWithADoubleClick) {
   backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(ok.left, ok.top));
   backend.MouseMove(20, 20);
   backend.Queue(WM_LBUTTONUP, 0, PackPoint(20, 20));
-  Keys({VK_ESCAPE});
-  EXPECT_EQ(Open(), std::nullopt);
+  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
   EXPECT_EQ(seen.back().selected, 2);
 
   // A click below the last file chooses nothing.
   ClickOn(layout.Row(5));
-  Keys({VK_ESCAPE});
-  EXPECT_EQ(Open(), std::nullopt);
+  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
   EXPECT_EQ(seen.back().selected, -1);
 }
 
@@ -281,27 +262,19 @@ TEST_F(FileDialogTest, OkWithoutAGameToOpenStaysUp) {
   // An empty name does nothing: the dialog is still there to take the name typed after.
   Keys({VK_RETURN});
   ClickOn(layout.ok);
-  backend.TypeText("later");
-  Keys({VK_RETURN});
-  EXPECT_EQ(Save(), In("later"));
+  EXPECT_EQ(Save({VK_RETURN}, "later"), In("later"));
 
   // A name that is no file says so and stays.
   seen.clear();
-  backend.TypeText("nothere");
-  Keys({VK_RETURN, VK_ESCAPE});
-  EXPECT_EQ(Open(), std::nullopt);
+  EXPECT_EQ(Open({VK_RETURN, VK_ESCAPE}, "nothere"), std::nullopt);
   ASSERT_FALSE(seen.empty());
   EXPECT_TRUE(seen.back().noSuchGame);
 
   // The saved game may be named without its extension.
-  backend.TypeText("castle");
-  Keys({VK_RETURN});
-  EXPECT_EQ(Open(), In("castle.gam"));
+  EXPECT_EQ(Open({VK_RETURN}, "castle"), In("castle.gam"));
   const std::string elsewhere = (root / "elsewhere.gam").string();
   std::ofstream(elsewhere) << "1 2\n";
-  backend.TypeText(elsewhere);
-  Keys({VK_RETURN});
-  EXPECT_EQ(Open(), elsewhere);
+  EXPECT_EQ(Open({VK_RETURN}, elsewhere), elsewhere);
 }
 
 TEST_F(FileDialogTest, ManyFilesScrollWithKeysArrowsAndTheBar) {
@@ -309,17 +282,15 @@ TEST_F(FileDialogTest, ManyFilesScrollWithKeysArrowsAndTheBar) {
   const int rows = FileDialogLayout::kVisibleRows;
   auto game = [](int n) { return "game" + std::to_string(100 + n) + ".gam"; };
 
-  Keys({VK_END, VK_RETURN});
-  EXPECT_EQ(Open(), In(game(19)));
+  EXPECT_EQ(Open({VK_END, VK_RETURN}), In(game(19)));
   EXPECT_EQ(seen.back().firstRow, 20 - rows) << "the chosen file is in sight";
-  Keys({VK_NEXT, VK_NEXT, VK_RETURN});  // from nothing: the bottom of the first page, then a page on
-  EXPECT_EQ(Open(), In(game(2 * (rows - 1))));
+  // From nothing: the bottom of the first page, then a page on.
+  EXPECT_EQ(Open({VK_NEXT, VK_NEXT, VK_RETURN}), In(game(2 * (rows - 1))));
 
   // The arrows move the list a row, the track a page; the choice stays.
   ClickOn(layout.scrollDown);
   ClickOn(layout.scrollDown, 600);
-  Keys({VK_ESCAPE});
-  Open();
+  Open({VK_ESCAPE});
   EXPECT_EQ(seen.back().firstRow, 2);
   EXPECT_EQ(seen.back().selected, -1);
   backend.LeftClick(layout.scrollDown.left + 5, layout.track.bottom - 3);
@@ -336,8 +307,7 @@ TEST_F(FileDialogTest, ManyFilesScrollWithKeysArrowsAndTheBar) {
   backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(grabX, grabY));
   backend.MouseMove(grabX, layout.track.bottom + 40);
   backend.Queue(WM_LBUTTONUP, 0, PackPoint(grabX, layout.track.bottom + 40));
-  Keys({VK_ESCAPE});
-  Open();
+  Open({VK_ESCAPE});
   EXPECT_EQ(seen.back().firstRow, 20 - rows);
 }
 
@@ -346,12 +316,10 @@ TEST_F(FileDialogTest, NamesAreShownInTheGameCodePageAndReturnedAsOnDisk) {
   const std::string longName = std::string(120, 'w') + ".gam";
   MakeSave(longName, 20);
 
-  Keys({VK_DOWN, VK_RETURN});
-  EXPECT_EQ(Open(), In("Drachenh\xC3\xB6hle.gam"));
+  EXPECT_EQ(Open({VK_DOWN, VK_RETURN}), In("Drachenh\xC3\xB6hle.gam"));
   EXPECT_EQ(seen.back().name, "Drachenh\xF6hle.gam");
 
-  Keys({VK_END, VK_RETURN});
-  EXPECT_EQ(Open(), In(longName));
+  EXPECT_EQ(Open({VK_END, VK_RETURN}), In(longName));
   // A name too long for its row is cut short of the date: between the two the row has a gap
   // with no text, where the whole name would run on into the date.
   const Rect row = layout.Row(1);
