@@ -30,13 +30,11 @@ class PlaceScreenFixture : public ::testing::Test {
  protected:
   static inline const std::vector<int> kClickSamples{9000, -9000, 9000, -9000};
 
-  // The data folder, with the click and the fanfare; more files may follow before Start.
-  void Prepare(const char* fanfareFile, const std::vector<int>& fanfare) {
+  // The data folder with the click and the fanfare, and the game; each visit pushes a
+  // place made by `make` above the map.
+  void Start(const char* fanfareFile, const std::vector<int>& fanfare, std::function<GameMode*()> make) {
     WriteFile((folder / "dat" / "button2.wav").string(), MakeWaveFile(kClickSamples));
     WriteFile((folder / "dat" / fanfareFile).string(), MakeWaveFile(fanfare));
-  }
-  // The game; each visit pushes a place made by `make` above the map.
-  void Start(std::function<GameMode*()> make) {
     makePlace = std::move(make);
     game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAP", &log); }, "-F",
                                           HeadlessGame::Sound::On);
@@ -51,17 +49,17 @@ class PlaceScreenFixture : public ::testing::Test {
     game->Push(makePlace());
     ASSERT_NE(currentScreen, below);
     place = static_cast<PlaceScreen*>(currentScreen);
-    Do([&] { game->backend.MouseMove(630, 10); });
+    PointerAway();
+  }
+  void PointerAway() {
+    game->backend.MouseMove(630, 10);
+    game->RunFor(100);
   }
   bool AtPlace() const { return currentScreen == place; }
   std::uint32_t Lit() const { return place->widgets.current->GetId(); }
-  void Do(const std::function<void()>& input) {
-    input();
-    game->RunFor(100);
-  }
-  void Key(std::uint32_t key) { Do([&] { game->backend.KeyPress(key); }); }
-  void Click(int x, int y) { Do([&] { game->backend.LeftClick(x, y); }); }
-  void RightClick(int x, int y) { Do([&] { game->backend.RightClick(x, y); }); }
+  void Key(std::uint32_t key) { game->Key(key); }
+  void Click(int x, int y) { game->Click(x, y); }
+  void RightClick(int x, int y) { game->RightClick(x, y); }
   void ClickBox(int slot) { Click(6 + 105 * slot + 50, 420); }
   // How often the sound made from these samples was started.
   int Plays(const std::vector<int>& samples) const {
@@ -122,8 +120,7 @@ const std::vector<int> kFanfare{1200, 2400, 3600, 2400, 1200, 0};
 class PlaceTest : public PlaceScreenFixture, public ::testing::WithParamInterface<Place> {
  protected:
   void SetUp() override {
-    Prepare(GetParam().fanfareFile, kFanfare);
-    Start(GetParam().make);
+    Start(GetParam().fanfareFile, kFanfare, GetParam().make);
     thePlayer.party[0] = Kindrel::Create(4, 2);
     thePlayer.party[3] = Kindrel::Create(4, 2);
   }
@@ -180,8 +177,7 @@ INSTANTIATE_TEST_SUITE_P(Places, PlaceTest, ::testing::Values(kHome, kTemple, kM
 class HomeScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    Prepare("fanfare8.wav", {1200, 2400});
-    Start([] { return new HomeScreen(1, "HEAL MODE"); });
+    Start("fanfare8.wav", {1200, 2400}, [] { return new HomeScreen(1, "HEAL MODE"); });
   }
   Kindrel& Put(int slot, int species, int level, int hitPoints) {
     thePlayer.party[slot] = Kindrel::Create(species, level);
@@ -191,7 +187,7 @@ class HomeScreenTest : public PlaceScreenFixture {
   int FullHitPoints(const Kindrel& k) const { return Kindrel::Create(k.species->index, k.level)->hitPoints; }
 };
 
-TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisit) {
+TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisitAndSaysSo) {
   Kindrel& fainted = Put(0, 4, 3, 0);
   fainted.status[Poisoned] = -1.0f;
   fainted.poisonDamage = 2;
@@ -207,6 +203,9 @@ TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisit) {
   scratched.status[Speed] = 1.0f;
 
   Visit();
+  const char* kText = "You and your Kindrels spend the night resting at home, and everyone wakes up fully healed.";
+  EXPECT_TRUE(ShowsText(kText, {100, 80, 540, 330}, {0, 0, 640, 340}))
+      << "the text, white and centred, wrapped in its box, and nothing else above the button";
   for (int slot : {0, 2, 5}) {
     const Kindrel& k = *thePlayer.party[slot];
     EXPECT_EQ(k.hitPoints, FullHitPoints(k)) << "slot " << slot;
@@ -248,13 +247,6 @@ TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisit) {
   EXPECT_EQ(weary.status[Poisoned], 0.0f);
 }
 
-TEST_F(HomeScreenTest, TheRestingTextOverTheParty) {
-  Visit();
-  const char* kText = "You and your Kindrels spend the night resting at home, and everyone wakes up fully healed.";
-  EXPECT_TRUE(ShowsText(kText, {100, 80, 540, 330}, {0, 0, 640, 340}))
-      << "the text, white and centred, wrapped in its box, and nothing else above the button";
-}
-
 // The market: the prompt, the question with the chosen Kindrel, and giving away (never the
 // last Kindrel, never without a choice).
 constexpr int kFleenu = 4;  // its picture is "dat\PUFFBALL.bmp", a grey square in these tests
@@ -264,9 +256,8 @@ const Rect kTextBox{100, 80, 540, 330};
 class MarketScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    Prepare("fanfare5.wav", {700, 1400});
     std::filesystem::copy_file(TestData("kindrel.bmp"), folder / "dat" / "PUFFBALL.bmp");
-    Start([] { return new MarketScreen(1, "MARKET MODE"); });
+    Start("fanfare5.wav", {700, 1400}, [] { return new MarketScreen(1, "MARKET MODE"); });
   }
   void ClickGiveAway() { Click(220, 355); }
   Kindrel* Put(int slot, const char* name) {
@@ -373,12 +364,11 @@ const char* const kThird = "The third lesson. ";
 class TempleScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    Prepare("fanfare7.wav", kFanfareSamples);
     std::filesystem::create_directories(folder / "here");
     previous = std::filesystem::current_path();
     std::filesystem::current_path(folder / "here");
     helpTopicIndex = 0;  // as at the start of the program
-    Start([] { return new TempleScreen(1, "HELP MODE"); });
+    Start("fanfare7.wav", kFanfareSamples, [] { return new TempleScreen(1, "HELP MODE"); });
   }
   void TearDown() override {
     std::filesystem::current_path(previous);
@@ -430,7 +420,7 @@ TEST_F(TempleScreenTest, LearnMoreMovesOnAtOnceAndTheNextVisitGoesOnFromThere) {
   ClickBox(3);
   ASSERT_STREQ(currentScreen->GetName(), "INSPECT_MODE");
   Click(590, 355);
-  Do([&] { game->backend.MouseMove(630, 10); });
+  PointerAway();
   EXPECT_TRUE(Shows(kThird));
   EXPECT_EQ(helpTopicIndex, 3);
 }
