@@ -1,4 +1,6 @@
-// A Kindrel's creation, its growth by experience, its hit points and their colour.
+// A Kindrel's creation, its growth by experience, its hit points and their colour; and the
+// species and spell tables as the rest of the game relies on them: rows found by their
+// index, and the spells a creature casts on itself, which neither fly nor hit.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -7,6 +9,8 @@
 #include <tuple>
 
 #include "creatures/Kindrel.h"
+#include "creatures/SpeciesTable.h"
+#include "creatures/SpellTable.h"
 #include "graphics/Display.h"
 #include "platform/DataPath.h"
 #include "support/TestData.h"
@@ -102,13 +106,10 @@ TEST(CreatureGrowthTest, HitPointsAndTheirColour) {
   auto creature = Kindrel::Create(kBluberd, 4);
   ASSERT_EQ(creature->MaxHitPoints(), 8);
   const std::uint32_t red = PackColour(255, 0, 0), yellow = PackColour(255, 255, 0), green = PackColour(0, 255, 0);
-  const struct {
-    int hitPoints;
-    std::uint32_t colour;
-  } cases[] = {{0, red}, {1, red}, {2, red}, {3, yellow}, {4, yellow}, {5, green}, {8, green}};
-  for (const auto& c : cases) {
-    creature->hitPoints = c.hitPoints;
-    EXPECT_EQ(creature->HitPointColour(), c.colour) << c.hitPoints << " of 8";
+  for (const auto& [hitPoints, colour] :
+       {std::pair{0, red}, {1, red}, {2, red}, {3, yellow}, {4, yellow}, {5, green}, {8, green}}) {
+    creature->hitPoints = hitPoints;
+    EXPECT_EQ(creature->HitPointColour(), colour) << hitPoints << " of 8";
   }
 
   // Damage never takes more than the creature has.
@@ -146,6 +147,28 @@ TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
   auto missing = Kindrel::Create(kBluberd, 1);
   EXPECT_EQ(missing->picture->Width(), 0);
   EXPECT_EQ(missing->hitPoints, 2);
+}
+
+TEST(CreatureTablesTest, RowsAreFoundByTheirIndex) {
+  for (int i = 0; i < kSpeciesCount; ++i) EXPECT_EQ(SpeciesAt(i), &speciesTable[i]);
+  for (int i = 0; i < kSpellCount; ++i) EXPECT_EQ(SpellAt(i), &spellTable[i]);
+  for (int outside : {-1, 36}) {
+    EXPECT_EQ(SpeciesAt(outside), nullptr);
+    EXPECT_EQ(SpellAt(outside), nullptr);
+  }
+}
+
+TEST(CreatureTablesTest, SpellSounds) {
+  // The four boost families are cast by the caster on itself: no flight, no impact.
+  for (int i = 0; i < kSpellCount; ++i) {
+    const bool selfCast = spellTable[i].power < 0.0f;
+    EXPECT_EQ(selfCast, SpellFamilyOf(i) >= kFamilyAccuracyBoost) << spellTable[i].name;
+    EXPECT_EQ(HasSpellSound(spellFlightSounds[i]), !selfCast) << spellTable[i].name;
+    EXPECT_EQ(HasSpellSound(spellImpactSounds[i]), !selfCast) << spellTable[i].name;
+  }
+  EXPECT_FALSE(HasSpellSound("X"));
+  EXPECT_FALSE(HasSpellSound(""));
+  EXPECT_FALSE(HasSpellSound(nullptr));
 }
 
 }  // namespace

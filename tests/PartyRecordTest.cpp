@@ -1,14 +1,23 @@
-// The player's record: the defaults of the program's start, the new-game reset, and the
-// party's slots.
+// The player's record and the places of the island: the defaults of the program's start,
+// the new-game reset, the party's slots, the map's rows found both ways, and the rules of
+// their open flags.
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
 
 #include "creatures/PlayerRecord.h"
 #include "creatures/ShowcaseParty.h"
 #include "world/LocationTable.h"
 
 namespace {
+
+std::set<std::string> OpenPlaces() {
+  std::set<std::string> open;
+  for (const LocationInfo& place : locationTable)
+    if (place.open) open.insert(place.name);
+  return open;
+}
 
 // The location table's open flags are the game's own: every test leaves them as it found
 // them.
@@ -61,9 +70,7 @@ TEST_F(PartyRecordTest, DefaultsAndTheNewGame) {
   EXPECT_STREQ(record.party[0]->name, "Mookie");
   EXPECT_EQ(record.party[0]->level, 1);
   EXPECT_EQ(LocationRow(record.currentLocation), 0);
-  int open = 0;
-  for (const LocationInfo& place : locationTable) open += place.open;
-  EXPECT_EQ(open, 5);
+  EXPECT_EQ(OpenPlaces().size(), 5u);
 
   // The reset alone empties the party and sets nothing else in its place.
   record.NewGameReset();
@@ -126,6 +133,50 @@ TEST_F(PartyRecordTest, ShowcaseParty) {
   EXPECT_EQ(red, 1);
   EXPECT_EQ(yellow, 1);
   EXPECT_STREQ(record.party[0]->name, "Mookie");
+}
+
+TEST_F(PartyRecordTest, RowsOfTheMap) {
+  for (int row = 0; row < kLocationCount; ++row) {
+    EXPECT_EQ(LocationRow(LocationAt(row)), row);
+    // Only the wild areas have area files.
+    const LocationInfo& place = locationTable[row];
+    EXPECT_EQ(IsWildArea(place), place.areaFile[0] != '\0') << place.name;
+  }
+  EXPECT_EQ(LocationAt(-1), nullptr);
+  EXPECT_EQ(LocationAt(kLocationCount), nullptr);
+  EXPECT_EQ(LocationRow(nullptr), -1);
+}
+
+TEST_F(PartyRecordTest, OpenFlags) {
+  ResetLocationsForNewGame();
+  const std::set<std::string> newGame{"Home", "Genwood Forest", "Temple of Knowledge", "Market", "Earth Wizard"};
+  EXPECT_EQ(OpenPlaces(), newGame);
+
+  // Beating each wizard in turn opens exactly the next wild area and the next tower.
+  std::set<std::string> expected = newGame;
+  for (int tier = 0; tier < 5; ++tier) {
+    OpenNextTier(tier);
+    int opened = 0;
+    for (const LocationInfo& place : locationTable)
+      if (place.tier == tier + 1) {
+        ++opened;
+        expected.insert(place.name);
+        EXPECT_TRUE(IsWildArea(place) || place.kind == kLocationTower) << place.name;
+      }
+    EXPECT_EQ(opened, 2) << "tier " << tier + 1;
+    EXPECT_EQ(OpenPlaces(), expected) << "after beating the wizard of tier " << tier;
+  }
+  EXPECT_EQ(expected.size(), static_cast<std::size_t>(kLocationCount));
+  OpenNextTier(5);
+  OpenNextTier(2);
+  EXPECT_EQ(OpenPlaces(), expected) << "the last wizard opens nothing more, and a wizard beaten again nothing";
+
+  // Beating a wizard out of order opens only its own next tier.
+  ResetLocationsForNewGame();
+  OpenNextTier(2);
+  expected = newGame;
+  expected.insert({"Ice Wizard", "Ice Caves"});
+  EXPECT_EQ(OpenPlaces(), expected);
 }
 
 }  // namespace
