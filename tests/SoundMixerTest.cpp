@@ -7,32 +7,16 @@
 #include <vector>
 
 #include "platform/AudioMixer.h"
+#include "support/WaveBytes.h"
 
 using platform::AudioMixer;
 using platform::WaveFormat;
 
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
+// Plain PCM of this layout.
 WaveFormat Pcm(int channels, int bits, std::uint32_t rate) {
-  WaveFormat f;
-  f.formatTag = 1;
-  f.channels = static_cast<std::uint16_t>(channels);
-  f.bitsPerSample = static_cast<std::uint16_t>(bits);
-  f.samplesPerSec = rate;
-  f.blockAlign = static_cast<std::uint16_t>(channels * bits / 8);
-  f.avgBytesPerSec = rate * f.blockAlign;
-  return f;
-}
-
-Bytes Words(const std::vector<int>& values) {
-  Bytes b;
-  for (int v : values) {
-    b.push_back(static_cast<std::uint8_t>(v & 0xFF));
-    b.push_back(static_cast<std::uint8_t>((v >> 8) & 0xFF));
-  }
-  return b;
+  return Format(1, static_cast<std::uint16_t>(channels), rate, static_cast<std::uint16_t>(bits));
 }
 
 // Frames of the output, each as its channel values.
@@ -61,20 +45,20 @@ TEST(SoundMixer, SampleSizesChannelsAndRatesAreConvertedToTheOutput) {
   } cases[] = {
       {"8 bits are unsigned around the middle", Pcm(1, 8, 8000), {128, 255, 0, 64, 192}, false, 8000, 1,
        {{0}, {127 * 256}, {-32768}, {-64 * 256}, {64 * 256}}},
-      {"stereo to stereo", Pcm(2, 16, 8000), Words({1000, -2000, 3000, 0}), false, 8000, 2, {{1000, -2000}, {3000, 0}}},
-      {"stereo to mono", Pcm(2, 16, 8000), Words({1000, -2000, 3000, 0}), false, 8000, 1, {{-500}, {1500}}},
-      {"channels past the second stay silent", Pcm(2, 16, 8000), Words({1000, -2000}), false, 8000, 4,
+      {"stereo to stereo", Pcm(2, 16, 8000), Pcm16({1000, -2000, 3000, 0}), false, 8000, 2, {{1000, -2000}, {3000, 0}}},
+      {"stereo to mono", Pcm(2, 16, 8000), Pcm16({1000, -2000, 3000, 0}), false, 8000, 1, {{-500}, {1500}}},
+      {"channels past the second stay silent", Pcm(2, 16, 8000), Pcm16({1000, -2000}), false, 8000, 4,
        {{1000, -2000, 0, 0}}},
-      {"mono to stereo", Pcm(1, 16, 8000), Words({-1234, 77}), false, 8000, 2, {{-1234, -1234}, {77, 77}}},
+      {"mono to stereo", Pcm(1, 16, 8000), Pcm16({-1234, 77}), false, 8000, 2, {{-1234, -1234}, {77, 77}}},
       // Twice the rate: a point between each pair; the last frame holds, then the voice ends.
-      {"twice the rate", Pcm(1, 16, 22050), Words({0, 1000, 2000, 4000}), false, 44100, 1,
+      {"twice the rate", Pcm(1, 16, 22050), Pcm16({0, 1000, 2000, 4000}), false, 44100, 1,
        {{0}, {500}, {1000}, {1500}, {2000}, {3000}, {4000}, {4000}, {0}, {0}}},
-      {"half the rate", Pcm(1, 16, 44100), Words({10, 20, 30, 40, 50, 60}), false, 22050, 1, {{10}, {30}, {50}, {0}}},
-      {"a third of the way between frames", Pcm(1, 16, 1000), Words({0, 3000, 0}), true, 3000, 1,
+      {"half the rate", Pcm(1, 16, 44100), Pcm16({10, 20, 30, 40, 50, 60}), false, 22050, 1, {{10}, {30}, {50}, {0}}},
+      {"a third of the way between frames", Pcm(1, 16, 1000), Pcm16({0, 3000, 0}), true, 3000, 1,
        {{0}, {1000}, {2000}, {3000}}},
-      {"a loop wraps around", Pcm(1, 16, 8000), Words({7, 8, 9}), true, 8000, 1,
+      {"a loop wraps around", Pcm(1, 16, 8000), Pcm16({7, 8, 9}), true, 8000, 1,
        {{7}, {8}, {9}, {7}, {8}, {9}, {7}, {8}}},
-      {"at double the rate a loop's last frame leads back into the first", Pcm(1, 16, 8000), Words({7, 8, 9}), true,
+      {"at double the rate a loop's last frame leads back into the first", Pcm(1, 16, 8000), Pcm16({7, 8, 9}), true,
        16000, 1, {{7}, {8}, {8}, {9}, {9}, {8}, {7}}},
   };
   for (const auto& c : cases) {
@@ -89,8 +73,8 @@ TEST(SoundMixer, SampleSizesChannelsAndRatesAreConvertedToTheOutput) {
 
 TEST(SoundMixer, VoicesAddUpAndSaturate) {
   AudioMixer mixer;
-  const auto a = mixer.Add(Pcm(1, 16, 8000), Words({10000, 30000, -30000, 5}));
-  const auto b = mixer.Add(Pcm(1, 16, 8000), Words({5000, 30000, -30000, -5}));
+  const auto a = mixer.Add(Pcm(1, 16, 8000), Pcm16({10000, 30000, -30000, 5}));
+  const auto b = mixer.Add(Pcm(1, 16, 8000), Pcm16({5000, 30000, -30000, -5}));
   mixer.Play(a, false);
   mixer.Play(b, false);
   EXPECT_EQ(Left(Render(mixer, 4, 8000, 2)), (std::vector<int>{15000, 32767, -32768, 0}));
@@ -104,7 +88,7 @@ TEST(SoundMixer, VolumeIsInHundredthsOfADecibel) {
   EXPECT_NEAR(platform::GainForVolume(-600), 32845, 2);
 
   AudioMixer mixer;
-  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({20000, -20000}));
+  const auto voice = mixer.Add(Pcm(1, 16, 8000), Pcm16({20000, -20000}));
   EXPECT_FALSE(mixer.SetVolume(voice, 1));
   EXPECT_FALSE(mixer.SetVolume(voice, -10001));
   ASSERT_TRUE(mixer.SetVolume(voice, -2000));
@@ -120,7 +104,7 @@ TEST(SoundMixer, VolumeIsInHundredthsOfADecibel) {
 
 TEST(SoundMixer, AVoicePlaysOnceStopsAtItsStartAndRewindsWithoutStopping) {
   AudioMixer mixer;
-  const auto voice = mixer.Add(Pcm(1, 16, 8000), Words({1, 2, 3}));
+  const auto voice = mixer.Add(Pcm(1, 16, 8000), Pcm16({1, 2, 3}));
   EXPECT_FALSE(mixer.IsPlaying(voice));
   EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));  // made stopped
   mixer.Play(voice, false);

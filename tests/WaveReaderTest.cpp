@@ -18,47 +18,6 @@ using platform::WaveFormat;
 
 namespace {
 
-struct Chunk {
-  std::string id;
-  Bytes body;
-  std::optional<std::uint32_t> claimedSize = std::nullopt;  // a size field that lies
-};
-
-// A RIFF file of the given chunks, each followed by a pad byte when its body is odd.
-Bytes Riff(const std::vector<Chunk>& chunks, const std::string& form = "WAVE", const std::string& riffId = "RIFF") {
-  Bytes inner;
-  PutId(inner, form);
-  for (const Chunk& c : chunks) {
-    PutId(inner, c.id);
-    Put32(inner, c.claimedSize.value_or(static_cast<std::uint32_t>(c.body.size())));
-    inner.insert(inner.end(), c.body.begin(), c.body.end());
-    if (c.body.size() % 2) inner.push_back(0);
-  }
-  Bytes file;
-  PutId(file, riffId);
-  Put32(file, static_cast<std::uint32_t>(inner.size()));
-  file.insert(file.end(), inner.begin(), inner.end());
-  return file;
-}
-
-// The body of a "fmt " chunk; extra bytes (with their count) only when given.
-Bytes FmtBody(std::uint16_t tag, std::uint16_t channels, std::uint32_t rate, std::uint16_t bits,
-              std::optional<Bytes> extra = std::nullopt) {
-  Bytes b;
-  const std::uint16_t block = static_cast<std::uint16_t>(channels * bits / 8);
-  Put16(b, tag);
-  Put16(b, channels);
-  Put32(b, rate);
-  Put32(b, rate * block);
-  Put16(b, block);
-  Put16(b, bits);
-  if (extra) {
-    Put16(b, static_cast<std::uint32_t>(extra->size()));
-    b.insert(b.end(), extra->begin(), extra->end());
-  }
-  return b;
-}
-
 Bytes Samples(std::size_t count, int seed) {
   Bytes b(count);
   for (std::size_t i = 0; i < count; ++i) b[i] = static_cast<std::uint8_t>(seed + 37 * i + (i >> 3));
@@ -100,12 +59,6 @@ class WaveReaderTest : public ::testing::Test {
   std::unique_ptr<WaveFormat> format;
   std::unique_ptr<std::uint8_t[]> data;
 };
-
-// The format a "fmt " chunk made by FmtBody describes, with the extra bytes it keeps.
-WaveFormat Format(std::uint16_t tag, std::uint16_t channels, std::uint32_t rate, std::uint16_t bits, Bytes extra = {}) {
-  const std::uint16_t block = static_cast<std::uint16_t>(channels * bits / 8);
-  return {tag, channels, rate, rate * block, block, bits, std::move(extra)};
-}
 
 TEST_F(WaveReaderTest, GoodFilesGiveTheirFormatAndEveryByteOfData) {
   // A PCM record written with a count field (18 bytes) has no extra bytes, even when the
