@@ -22,11 +22,7 @@ class CombatTest : public ::testing::Test {
   void SetUp() override { thePlayer.StartNewGame(); }
   void TearDown() override {
     game.reset();
-    thePlayer.ReleaseParty();
-    thePlayer.difficulty = kNormal;
-    thePlayer.textSpeed = 5;
-    thePlayer.firstCatchDone = 0;
-    for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
+    ResetGameRecord();
   }
   // A game whose first screen is a probe, with the combat pushed above it. The party is
   // the new game's unless set up before (a game that ends releases it: loops start anew).

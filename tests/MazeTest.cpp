@@ -47,9 +47,7 @@ class MazeTest : public ::testing::Test {
   }
   void TearDown() override {
     game.reset();
-    thePlayer.ReleaseParty();
-    thePlayer.ClearItems();
-    for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
+    ResetGameRecord();
     platform::SetDataRoot("");
   }
   // Pushes the maze of a test area above the map, as a click on a wild area does.

@@ -40,10 +40,7 @@ class MenusTest : public ::testing::Test {
   }
   void TearDown() override {
     game.reset();
-    thePlayer.ReleaseParty();
-    thePlayer.difficulty = kNormal;
-    thePlayer.textSpeed = 5;
-    thePlayer.playerIsMale = 1;
+    ResetGameRecord();
   }
   const char* Top() const { return currentScreen ? currentScreen->GetName() : ""; }
   // How often a looping sound was started.

@@ -42,7 +42,7 @@ class PlaceScreenFixture : public ::testing::Test {
   }
   void TearDown() override {
     game.reset();
-    thePlayer.ReleaseParty();
+    ResetGameRecord();
   }
   // Comes in from the map, with the pointer out of the way.
   void Visit() {

@@ -13,6 +13,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/Window.h"
+#include "support/HeadlessGame.h"
 #include "support/TestData.h"
 
 namespace fs = std::filesystem;
@@ -41,18 +42,11 @@ class SavedGameTest : public ::testing::Test {
  protected:
   void SetUp() override {
     platform::InstallBackend(&backend);
-    thePlayer.difficulty = kNormal;
-    thePlayer.textSpeed = 5;
-    thePlayer.playerIsMale = 1;
+    ResetGameRecord();
     thePlayer.StartNewGame();
   }
   void TearDown() override {
-    thePlayer.ReleaseParty();
-    while (ScreenObject* item = thePlayer.items.First()) {
-      thePlayer.items.Remove(item);
-      delete item;
-    }
-    thePlayer.NewGameReset();
+    ResetGameRecord();
     platform::InstallBackend(nullptr);
   }
   std::string Path(const std::string& name) const { return (folder / name).string(); }

@@ -44,7 +44,7 @@ class SdlBackendTest : public ::testing::Test {
   }
   void TearDown() override {
     Stop();
-    thePlayer.ReleaseParty();
+    ResetGameRecord();
     SetDataRoot("");
   }
   void Start(const Application::FirstScreenFactory& first, const char* commandLine = "-F") {

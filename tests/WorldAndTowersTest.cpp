@@ -23,8 +23,7 @@ class WorldTest : public ::testing::Test {
   }
   void TearDown() override {
     game.reset();
-    thePlayer.ReleaseParty();
-    for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
+    ResetGameRecord();
   }
   const char* Top() const { return currentScreen->GetName(); }
 
@@ -152,22 +151,12 @@ TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
   EXPECT_GT(red, 20);
 }
 
-TEST(TowerTeamsTest, TeamsShareLevelsBySpecies) {
+TEST_F(WorldTest, ATowersTeamSharesLevelsBySpecies) {
   // The Ocean Wizard's two Achtwuo fight at the later one's level.
-  thePlayer.StartNewGame();
-  platform::HeadlessBackend backend;
-  backend.SetAudioPresent(false);
-  platform::InstallBackend(&backend);
-  {
-    Application application;
-    application.StartUp("-F", [] { return new TowerScreen(1, "TOWER MODE", 2); });
-    backend.KeyPress(platform::VK_RETURN);
-    application.RunFor(100);
-    EXPECT_EQ(speciesTable[11].encounterLevel, 8);
-    application.ShutDown();
-  }
-  platform::InstallBackend(nullptr);
-  for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
+  game->Push(new TowerScreen(1, "TOWER MODE", 2));
+  game->Key(platform::VK_RETURN);
+  ASSERT_STREQ(Top(), "COMBAT MODE");
+  EXPECT_EQ(speciesTable[11].encounterLevel, 8);
 }
 
 }  // namespace

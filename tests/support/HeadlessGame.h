@@ -10,6 +10,7 @@
 #include <tuple>
 #include <vector>
 
+#include "creatures/PlayerRecord.h"
 #include "graphics/Display.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/Window.h"
@@ -58,6 +59,17 @@ class HeadlessGame {
   int started = 0;
   bool shutDown = false;
 };
+
+// Puts the game's record back as a fresh program has it, for the next test: the options,
+// the party, the items, beaten wizards and open places, and the levels set for a combat.
+inline void ResetGameRecord() {
+  thePlayer.NewGameReset();
+  thePlayer.ClearItems();
+  thePlayer.difficulty = kNormal;
+  thePlayer.textSpeed = 5;
+  thePlayer.playerIsMale = 1;
+  for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
+}
 
 // The message boxes shown so far, each as its text, its caption and whether it has the
 // error icon.
