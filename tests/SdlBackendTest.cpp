@@ -1,6 +1,6 @@
 // The real backend on SDL's dummy video driver, fed with events made by calls and with a
 // virtual game controller: what the keyboard, the mouse, the window and each part of the
-// pad send the game, full screen and back, and a menu chosen and a maze walked with the pad.
+// pad send the game, and full screen and back.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,15 +8,11 @@
 #include <memory>
 #include <utility>
 
-#include "creatures/PlayerRecord.h"
-#include "platform/DataPath.h"
 #include "platform/SdlBackend.h"
 #include "platform/VirtualInput.h"
 #include "platform/VirtualPad.h"
-#include "screens/MainMenuScreen.h"
 #include "shell/Globals.h"
 #include "support/HeadlessGame.h"
-#include "world/MazeScreen.h"
 
 namespace {
 
@@ -38,15 +34,8 @@ class SdlBackendTest : public ::testing::Test {
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     // The dummy driver's window never has the focus, without which SDL holds back pad input.
     setenv("SDL_JOYSTICK_ALLOW_BACKGROUND_EVENTS", "1", 1);
-    thePlayer.StartNewGame();
-    thePlayer.currentLocation = &locationTable[1];
-    SetDataRoot(QUARNWICK_BUILD_DIR);
   }
-  void TearDown() override {
-    Stop();
-    ResetGameRecord();
-    SetDataRoot("");
-  }
+  void TearDown() override { Stop(); }
   void Start(const Application::FirstScreenFactory& first, const char* commandLine = "-F") {
     backend = std::make_unique<SdlBackend>();
     InstallBackend(backend.get());
@@ -86,7 +75,6 @@ class SdlBackendTest : public ::testing::Test {
     pad->SetButton(button, false);
     application->RunFor(60);
   }
-  std::string Top() const { return currentScreen ? currentScreen->GetName() : ""; }
 
   std::unique_ptr<SdlBackend> backend;
   std::unique_ptr<Application> application;
@@ -244,27 +232,6 @@ TEST_F(SdlBackendTest, ThePadSpeaksInTheMessagesOfAMouseAndAKeyboard) {
   application->RunFor(200);
   EXPECT_TRUE(application->Ended());
   EXPECT_EQ(application->ExitCode(), 0);
-}
-
-TEST_F(SdlBackendTest, AMenuIsChosenAndAMazeWalkedWithThePad) {
-  Start([] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); });
-  Press(PadButton::Up);  // from "Quit to Desktop" to "Credits"
-  Press(PadButton::A);   // at the pointer, over no button: nothing
-  EXPECT_EQ(Top(), "MAIN_OPTION_MODE");
-  Press(PadButton::X);
-  EXPECT_EQ(Top(), "INFO_MODE");
-  Stop();
-
-  static const std::string area = std::string(QUARNWICK_TEST_DATA) + "/areas/walk.dat";
-  Start([] { return new MazeScreen(1, "MAZE MODE", area.c_str()); });
-  auto* maze = dynamic_cast<MazeScreen*>(currentScreen);
-  ASSERT_NE(maze, nullptr);
-  Press(PadButton::Right);
-  application->RunFor(400);
-  EXPECT_EQ(maze->playerCell, (MazeCell{6, 7}));
-  Press(PadButton::Up);
-  application->RunFor(400);
-  EXPECT_EQ(maze->playerCell, (MazeCell{5, 7}));
 }
 
 }  // namespace

@@ -65,16 +65,5 @@ TEST(PixelRules, AdditiveAndOpaqueFlattenOntoBlack) {
   }
 }
 
-TEST(PixelRules, BakeImageMapsEveryPixelInPlace) {
-  RgbaImage in{3, 2, {{255, 0, 0, 255}, {0, 255, 0, 100}, {0, 0, 0, 255},
-                      {1, 1, 1, 130}, {9, 9, 9, 255}, {50, 60, 70, 127}}};
-  const RgbImage out = BakeImage(Mode::Keyed, in);
-  ASSERT_EQ(out.width, 3);
-  ASSERT_EQ(out.height, 2);
-  const std::vector<Rgb> expected{{255, 0, 0}, {0, 0, 0}, kDarkestVisible,
-                                  kDarkestVisible, {9, 9, 9}, {0, 0, 0}};
-  EXPECT_EQ(out.pixels, expected);
-}
-
 }  // namespace
 }  // namespace baker
