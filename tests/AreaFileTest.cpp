@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/AtomicFile.h"
 #include "ui/List.h"
 #include "world/AreaFile.h"
 

@@ -10,7 +10,6 @@
 #include "graphics/Text.h"
 #include "platform/DataPath.h"
 #include "platform/DrawText.h"
-#include "platform/Window.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 

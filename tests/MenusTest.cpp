@@ -17,7 +17,6 @@
 #include "screens/MainMenuScreen.h"
 #include "screens/OptionsScreen.h"
 #include "screens/PauseMenuScreen.h"
-#include "world/WorldMapScreen.h"
 #include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
@@ -43,6 +42,13 @@ class MenusTest : public ::testing::Test {
     ResetGameRecord();
   }
   const char* Top() const { return currentScreen ? currentScreen->GetName() : ""; }
+  // The dialog of the save or load button (both at the same place) answered; the screen
+  // then on top.
+  std::string SaveOrLoad(const std::optional<std::string>& answer) {
+    game->backend.ScriptDialog(answer);
+    game->Click(320, 325);
+    return Top();
+  }
   // How often a looping sound was started.
   int TuneStarts() const {
     int n = 0;
@@ -149,20 +155,14 @@ TEST_F(MenusTest, SavingFromThePauseMenuAndLoadingFromTheMainMenu) {
   game->Key(platform::VK_RETURN);  // the map's "Options"
   ASSERT_STREQ(Top(), "PAUSE OPTION MODE");
   // Cancelled: nothing written, the pause menu stays.
-  game->backend.ScriptDialog(std::nullopt);
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "PAUSE OPTION MODE");
+  EXPECT_EQ(SaveOrLoad(std::nullopt), "PAUSE OPTION MODE");
   // A write that fails says so and stays.
   platform::FailNextFileWrites(1, EACCES);
-  game->backend.ScriptDialog(save);
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "PAUSE OPTION MODE");
+  EXPECT_EQ(SaveOrLoad(save), "PAUSE OPTION MODE");
   ASSERT_FALSE(game->backend.MessageBoxes().empty());
   EXPECT_EQ(game->backend.MessageBoxes().back().caption, "Cannot save the game");
   // A completed save goes back to the map.
-  game->backend.ScriptDialog(save + ".txt");
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(SaveOrLoad(save + ".txt"), "MAP_MODE");
   ASSERT_TRUE(std::filesystem::exists(save + ".gam"));
   ASSERT_EQ(game->backend.DialogCalls().size(), 3u);
   EXPECT_EQ(game->backend.DialogCalls()[0].kind, platform::FileDialogKind::Save);
@@ -174,18 +174,12 @@ TEST_F(MenusTest, SavingFromThePauseMenuAndLoadingFromTheMainMenu) {
   game->RunFor(200);
   ASSERT_STREQ(Top(), "MAIN_OPTION_MODE");
   thePlayer.party[0]->SetName("Someone Else");
-  game->backend.ScriptDialog(std::nullopt);
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE") << "a cancelled load stays";
+  EXPECT_EQ(SaveOrLoad(std::nullopt), "MAIN_OPTION_MODE") << "a cancelled load stays";
   std::ofstream(folder / "broken.gam") << "320 200\nYES\nBad\n99 1 1 0\n";
-  game->backend.ScriptDialog((folder / "broken.gam").string());
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE") << "a broken file is refused";
+  EXPECT_EQ(SaveOrLoad((folder / "broken.gam").string()), "MAIN_OPTION_MODE") << "a broken file is refused";
   EXPECT_STREQ(thePlayer.party[0]->name, "Someone Else");
   EXPECT_EQ(game->backend.MessageBoxes().back().caption, "Cannot load the game");
-  game->backend.ScriptDialog(save + ".gam");
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(SaveOrLoad(save + ".gam"), "MAP_MODE");
   EXPECT_STREQ(thePlayer.party[0]->name, "Saved Mookie");
   EXPECT_EQ(game->backend.DialogCalls().back().kind, platform::FileDialogKind::Open);
 }

@@ -31,6 +31,12 @@ const char* const kNewGameFile =
     "1 1 5 0\n"
     "ITEMEND\n";
 
+// The new game's file with one part changed.
+std::string Edited(const char* from, const char* to) {
+  std::string text = kNewGameFile;
+  return text.replace(text.find(from), std::strlen(from), to);
+}
+
 std::string Slurp(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
   std::stringstream s;
@@ -99,8 +105,7 @@ TEST_F(SavedGameTest, EverythingAFileHoldsComesBack) {
 
 TEST_F(SavedGameTest, ReadingRulesOfTheFile) {
   // Windows line ends; numbers of one block on several lines; an item that ends the list.
-  std::string text = kNewGameFile;
-  text.replace(text.find("4 1 3 0\n"), 8, "4\n1\n3 0\n");
+  std::string text = Edited("4 1 3 0\n", "4\n1\n3 0\n");
   text.replace(text.find("ITEMEND\n"), 8, "Brass Key\nITEMEND-X\nOld Map\nITEMEND\n");
   std::string windows;
   for (char c : text) windows += c == '\n' ? std::string("\r\n") : std::string(1, c);
@@ -111,29 +116,22 @@ TEST_F(SavedGameTest, ReadingRulesOfTheFile) {
   EXPECT_EQ(game->items, std::vector<std::string>{"Brass Key"});
 
   // Experience written as a negative number is its unsigned 32-bit value.
-  text = kNewGameFile;
-  text.replace(text.find("4 1 3 0\n"), 8, "4 1 3 -1294967296\n");
-  EXPECT_EQ(ParseSavedGame(text, nullptr)->party[0]->experience, 3000000000u);
+  EXPECT_EQ(ParseSavedGame(Edited("4 1 3 0\n", "4 1 3 -1294967296\n"), nullptr)->party[0]->experience, 3000000000u);
 
   // No end mark: the items end with the file.
-  text = kNewGameFile;
-  text.replace(text.find("ITEMEND\n"), 8, "Rope\n");
-  EXPECT_EQ(ParseSavedGame(text, nullptr)->items, std::vector<std::string>{"Rope"});
+  EXPECT_EQ(ParseSavedGame(Edited("ITEMEND\n", "Rope\n"), nullptr)->items, std::vector<std::string>{"Rope"});
 
   // A first line that names no map point keeps the current place.
-  text = kNewGameFile;
-  text.replace(0, 7, "1 2");
   thePlayer.currentLocation = &locationTable[7];
-  ApplySavedGame(*ParseSavedGame(text, nullptr), thePlayer);
+  ApplySavedGame(*ParseSavedGame(Edited("320 200", "1 2"), nullptr), thePlayer);
   EXPECT_STREQ(thePlayer.currentLocation->name, "Temple of Knowledge");
 }
 
 TEST_F(SavedGameTest, TheNameOfASave) {
-  EXPECT_EQ(FinalSaveName(""), "");
-  EXPECT_EQ(FinalSaveName("save1"), "save1.gam");
-  EXPECT_EQ(FinalSaveName("save1.txt"), "save1.gam");
-  EXPECT_EQ(FinalSaveName("save1.gam"), "save1.gam");
-  EXPECT_EQ(FinalSaveName("/home/me/games.v2/save1.old.gam"), "/home/me/games.v2/save1.gam");
+  for (const auto& [given, saved] : {std::pair{"", ""}, {"save1", "save1.gam"}, {"save1.txt", "save1.gam"},
+                                     {"save1.gam", "save1.gam"},
+                                     {"/home/me/games.v2/save1.old.gam", "/home/me/games.v2/save1.gam"}})
+    EXPECT_EQ(FinalSaveName(given), saved) << given;
   fs::create_directories(folder / "games.v2");
   ASSERT_TRUE(WriteSavedGame(Path("games.v2/mine")));
   EXPECT_TRUE(fs::exists(folder / "games.v2" / "mine.gam"));
@@ -173,21 +171,16 @@ TEST_F(SavedGameTest, BrokenFilesAreRefusedAndTheGameStays) {
   const std::string good = kNewGameFile;
   // Every cut of the file before its settings are whole.
   for (std::size_t n = 0; n < good.find("1 1 5 0") + 6; n += 3) refused(good.substr(0, n), "truncated");
-  auto with = [&](const char* from, const char* to) {
-    std::string text = good;
-    text.replace(text.find(from), std::strlen(from), to);
-    return text;
-  };
-  refused(with("4 1 3 0", "four 1 3 0"), "a word for a number");
-  refused(with("4 1 3 0", "36 1 3 0"), "a species outside the table");
-  refused(with("4 1 3 0", "-1 1 3 0"), "a negative species");
-  refused(with("4 1 3 0", "4 0 3 0"), "level 0");
-  refused(with("4 1 3 0", "4 1 10737419 0"), "more hit points than a bar can count");
-  refused(with("4 1 3 0", "4 1 -1 0"), "negative hit points");
-  refused(with("4 1 3 0", "4 1 3 4294967296"), "experience beyond 32 bits");
-  refused(with("4 1 3 0", "4 1 3 99999999999999"), "an absurd number");
-  refused(with("1 1 5 0", "1 1 11 0"), "text speed 11");
-  refused(with("0 0 0 0 0 0 \n", "0 0 2 0 0 0 \n"), "a wizard's flag of 2");
+  refused(Edited("4 1 3 0", "four 1 3 0"), "a word for a number");
+  refused(Edited("4 1 3 0", "36 1 3 0"), "a species outside the table");
+  refused(Edited("4 1 3 0", "-1 1 3 0"), "a negative species");
+  refused(Edited("4 1 3 0", "4 0 3 0"), "level 0");
+  refused(Edited("4 1 3 0", "4 1 10737419 0"), "more hit points than a bar can count");
+  refused(Edited("4 1 3 0", "4 1 -1 0"), "negative hit points");
+  refused(Edited("4 1 3 0", "4 1 3 4294967296"), "experience beyond 32 bits");
+  refused(Edited("4 1 3 0", "4 1 3 99999999999999"), "an absurd number");
+  refused(Edited("1 1 5 0", "1 1 11 0"), "text speed 11");
+  refused(Edited("0 0 0 0 0 0 \n", "0 0 2 0 0 0 \n"), "a wizard's flag of 2");
   EXPECT_FALSE(ReadSavedGame(Path("missing.gam")));
   EXPECT_NE(backend.MessageBoxes().back().text.find("No such file"), std::string::npos);
   EXPECT_FALSE(ReadSavedGame(folder.string()));

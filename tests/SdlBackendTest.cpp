@@ -11,7 +11,6 @@
 #include "platform/SdlBackend.h"
 #include "platform/VirtualInput.h"
 #include "platform/VirtualPad.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 
 namespace {

@@ -4,7 +4,6 @@
 
 #include <cstring>
 
-#include "graphics/Text.h"
 #include "support/HeadlessGame.h"
 #include "ui/List.h"
 #include "ui/ObjectList.h"
