@@ -24,6 +24,17 @@ class DrawingTest : public IdleGameTest {
       for (int x = 0; x < w; ++x) picture.surface->Pixels()[y * picture.surface->Pitch() + x] = Numbering(x, y);
   }
   static std::uint16_t Numbering(int x, int y) { return static_cast<std::uint16_t>(1 + x + 100 * y); }
+  // A picture of one row of these pixels.
+  static void OneRow(Picture& picture, const std::vector<std::uint16_t>& pixels) {
+    picture.CreateBlank(static_cast<int>(pixels.size()), 1);
+    std::copy(pixels.begin(), pixels.end(), picture.surface->Pixels());
+  }
+  // The frame's pixels from (x, y) on to the right.
+  std::vector<std::uint16_t> FrameRow(int x, int y, int count) const {
+    std::vector<std::uint16_t> row;
+    for (int i = 0; i < count; ++i) row.push_back(target->At(x + i, y));
+    return row;
+  }
   int Changed() const {
     int n = 0;
     for (int y = 0; y < 480; ++y)
@@ -64,36 +75,26 @@ TEST_F(DrawingTest, PicturesAreClippedToTheClipRectangle) {
 }
 
 TEST_F(DrawingTest, KeyedAndAdditiveDrawing) {
+  // The key, the darkest blue (which is not the key), white.
   Picture sprite;
-  sprite.CreateBlank(3, 1);
-  std::uint16_t* p = sprite.surface->Pixels();
-  p[0] = 0;       // the key
-  p[1] = 1;       // darkest blue: not the key
-  p[2] = 0xFFFF;  // white
+  OneRow(sprite, {0, 1, 0xFFFF});
   theDisplay->ClearScreen(0, 200, 0);
   const std::uint16_t green = target->At(0, 0);
   sprite.DrawKeyed(10, 10, 1);
-  EXPECT_EQ(target->At(10, 10), green);
-  EXPECT_EQ(target->At(11, 10), 1);
-  EXPECT_EQ(target->At(12, 10), 0xFFFF);
+  EXPECT_EQ(FrameRow(10, 10, 3), (std::vector<std::uint16_t>{green, 1, 0xFFFF}));
   sprite.DrawOpaque(10, 20, 1);
   EXPECT_EQ(target->At(10, 20), 0);
 
   // Additive: black adds nothing, white saturates, channels add without carrying.
   Picture glow;
-  glow.CreateBlank(3, 1);
-  std::uint16_t* g = glow.surface->Pixels();
-  g[0] = 0;
-  g[1] = 0xFFFF;
-  g[2] = platform::Rgb565(128, 40, 200);
+  OneRow(glow, {0, 0xFFFF, platform::Rgb565(128, 40, 200)});
   theDisplay->ClearScreen(0, 0, 0);
   theDisplay->ClipRect = {0, 0, 640, 480};
   for (int x = 0; x < 3; ++x) target->Pixels()[30 * target->Pitch() + 30 + x] = platform::Rgb565(160, 100, 16);
   glow.DrawAdditive(30, 30, 1);
   EndAdditive();
-  EXPECT_EQ(target->At(30, 30), platform::Rgb565(160, 100, 16));
-  EXPECT_EQ(target->At(31, 30), 0xFFFF);
-  EXPECT_EQ(target->At(32, 30), platform::Rgb565(255, 140, 216));
+  EXPECT_EQ(FrameRow(30, 30, 3),
+            (std::vector<std::uint16_t>{platform::Rgb565(160, 100, 16), 0xFFFF, platform::Rgb565(255, 140, 216)}));
   EXPECT_FALSE(target->IsLocked());
 
   // A blank picture is all key.
