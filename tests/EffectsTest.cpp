@@ -18,19 +18,12 @@ namespace {
 TEST(RandomTest, TheWellKnownSequenceOfItsArithmetic) {
   // The generator of the classic C runtime, seeded with 1, is known to start like this.
   SeedRandom(1);
-  EXPECT_EQ(Rand(), 41);
-  EXPECT_EQ(Rand(), 18467);
-  EXPECT_EQ(Rand(), 6334);
-  EXPECT_EQ(Rand(), 26500);
+  EXPECT_EQ((std::vector<int>{Rand(), Rand(), Rand(), Rand()}), (std::vector<int>{41, 18467, 6334, 26500}));
   SeedRandom(1);
   EXPECT_EQ(Roll(10), 1);
   // The state wraps at 32 bits and every value stays in 0..32767.
   SeedRandom(0xFFFFFFFFu);
-  for (int i = 0; i < 1000; ++i) {
-    const int r = Rand();
-    ASSERT_GE(r, 0);
-    ASSERT_LE(r, 32767);
-  }
+  for (int i = 0, r = Rand(); i < 1000; ++i, r = Rand()) ASSERT_TRUE(r >= 0 && r <= 32767) << r;
 }
 
 class EffectsTest : public IdleGameTest {
@@ -117,9 +110,7 @@ TEST_F(EffectsTest, ParticlesLiveTheirCountMoveAndPlot) {
 
   // A full pool drops what comes after it.
   ParticlePool small(2);
-  small.AddParticle(1, 1, 1, 0, 0, 0, 0, 5, Keep);
-  small.AddParticle(2, 2, 2, 0, 0, 0, 0, 5, Keep);
-  small.AddParticle(3, 3, 3, 0, 0, 0, 0, 5, Keep);
+  for (int i = 1; i <= 3; ++i) small.AddParticle(i, i, i, 0, 0, 0, 0, 5, Keep);
   EXPECT_EQ(small.particles[0].red, 1);
   EXPECT_EQ(small.cursor, 1);
 

@@ -33,14 +33,11 @@ TEST(ListTest, CursorSearchRemoveAndOwnership) {
     list.Append(b);
     list.Append(c);
 
-    EXPECT_EQ(list.First(), a);
-    EXPECT_EQ(list.Next(), b);
-    EXPECT_EQ(list.Next(), c);
-    EXPECT_EQ(list.Next(), nullptr) << "Next stops at the end";
-    EXPECT_EQ(list.Last(), c);
-    EXPECT_EQ(list.NextWrap(), a);
-    EXPECT_EQ(list.PrevWrap(), c);
-    EXPECT_EQ(list.Prev(), b);
+    // Next stops at the end; the wrapping steps go round.
+    using Seen = std::vector<ScreenObject*>;
+    EXPECT_EQ((Seen{list.First(), list.Next(), list.Next(), list.Next(), list.Last(), list.NextWrap(),
+                    list.PrevWrap(), list.Prev()}),
+              (Seen{a, b, c, nullptr, c, a, c, b}));
     Counted* d = new Counted(4, "D", &deleted);
     EXPECT_EQ(list.Append(d), d);
     EXPECT_EQ(list.Next(), c) << "appending leaves the cursor where it was";
@@ -86,9 +83,8 @@ class WidgetTest : public IdleGameTest {
 
 TEST_F(WidgetTest, HitTestAndCycle) {
   ObjectList empty(PackColour(180, 180, 230), PackColour(100, 255, 100));
-  EXPECT_EQ(empty.HitTest(5, 5), kHitNothing);
-  EXPECT_EQ(empty.Cycle(kCycleNext), kHitNothing);
-  EXPECT_EQ(empty.Cycle(kCycleStay), kHitNothing);
+  EXPECT_EQ((std::vector{empty.HitTest(5, 5), empty.Cycle(kCycleNext), empty.Cycle(kCycleStay)}),
+            (std::vector{kHitNothing, kHitNothing, kHitNothing}));
   empty.DrawAll();
 
   ObjectList list(PackColour(180, 180, 230), PackColour(100, 255, 100));
@@ -99,10 +95,8 @@ TEST_F(WidgetTest, HitTestAndCycle) {
   list.Add(b);
   list.Add(c);
   EXPECT_EQ(list.current, c) << "the last one added starts as current";
-  EXPECT_EQ(list.Cycle(kCycleNext), 10);
-  EXPECT_EQ(list.Cycle(kCyclePrevious), 12);
-  EXPECT_EQ(list.Cycle(kCycleStay), 12);
-  EXPECT_EQ(list.Cycle(7), kHitNothing);
+  EXPECT_EQ((std::vector{list.Cycle(kCycleNext), list.Cycle(kCyclePrevious), list.Cycle(kCycleStay), list.Cycle(7)}),
+            (std::vector{10, 12, 12, kHitNothing}));
 
   EXPECT_EQ(list.HitTest(99, 19), 10) << "edges belong to the box; the earliest widget wins an overlap";
   EXPECT_EQ(list.current, a);
