@@ -63,28 +63,23 @@ TEST(StatusEffectsTest, ResistanceRoll) {
 TEST(StatusEffectsTest, LandingRecoveryAndDuration) {
   auto bird = Kindrel::Create(kBluberd, 2);
   SeedRandom(SeedRolling(50));
+  auto paralysis = [&] { return std::pair(bird->status[Paralyzed], bird->RemainingTurns(Paralyzed)); };
   ASSERT_TRUE(bird->LayEffect(Paralyzed, 1));
   EXPECT_EQ(bird->FirstActiveStatus(), 1 + Paralyzed);
-  EXPECT_EQ(bird->RemainingTurns(Paralyzed), 3);
+  EXPECT_EQ(paralysis(), std::pair(-1.0f, 3));
 
   // Four recovery steps bring it back; the fourth stops at 0.
   bird->RecoverStatus();
-  EXPECT_EQ(bird->status[Paralyzed], -0.75f);
-  EXPECT_EQ(bird->RemainingTurns(Paralyzed), 2);
+  EXPECT_EQ(paralysis(), std::pair(-0.75f, 2));
 
   // A second landing adds another 1.0 and reports the longer duration.
   SeedRandom(SeedRolling(50));
   ASSERT_TRUE(bird->LayEffect(Paralyzed, 1));
-  EXPECT_EQ(bird->status[Paralyzed], -1.75f);
-  EXPECT_EQ(bird->RemainingTurns(Paralyzed), 6);
+  EXPECT_EQ(paralysis(), std::pair(-1.75f, 6));
   int steps = 0;
-  while (bird->FirstActiveStatus() != 0 && steps < 100) {
-    bird->RecoverStatus();
-    ++steps;
-  }
+  for (; bird->FirstActiveStatus() != 0 && steps < 100; ++steps) bird->RecoverStatus();
   EXPECT_EQ(steps, 7);
-  EXPECT_EQ(bird->status[Paralyzed], 0.0f);
-  EXPECT_EQ(bird->RemainingTurns(Paralyzed), -1);
+  EXPECT_EQ(paralysis(), std::pair(0.0f, -1));
 
   // A value that would pass 0 stops there.
   bird->status[Slow] = -0.1f;
@@ -108,18 +103,14 @@ TEST(StatusEffectsTest, LandingRecoveryAndDuration) {
 }
 
 TEST(StatusEffectsTest, PoisonDamageByCasterLevel) {
-  const struct {
-    int casterLevel;
-    int damage;
-  } cases[] = {{1, 1}, {3, 1}, {4, 2}, {7, 2}, {8, 3}, {20, 6}};
-  for (const auto& c : cases) {
+  for (const auto& [casterLevel, damage] : {std::pair{1, 1}, {3, 1}, {4, 2}, {7, 2}, {8, 3}, {20, 6}}) {
     auto bird = Kindrel::Create(kBluberd, 10);
     SeedRandom(SeedRolling(40));
-    ASSERT_TRUE(bird->LayEffect(Poisoned, c.casterLevel));
-    EXPECT_EQ(bird->poisonDamage, c.damage) << "caster level " << c.casterLevel;
+    ASSERT_TRUE(bird->LayEffect(Poisoned, casterLevel));
+    EXPECT_EQ(bird->poisonDamage, damage) << "caster level " << casterLevel;
     const int before = bird->hitPoints;
-    EXPECT_EQ(bird->LoseHitPoints(bird->poisonDamage), c.damage);
-    EXPECT_EQ(bird->hitPoints, before - c.damage);
+    EXPECT_EQ(bird->LoseHitPoints(bird->poisonDamage), damage);
+    EXPECT_EQ(bird->hitPoints, before - damage);
   }
 
   // A later landing replaces the damage; a resisted poison changes nothing.
@@ -145,27 +136,20 @@ TEST(StatusEffectsTest, MessagesAndTheEffectsOfASpell) {
   EXPECT_EQ(CombatName(*mookie, false), "Mookie");
 
   // Landed with their durations, landed without, and resisted; on either side.
-  const struct {
-    SpellIndex spell;
-    bool onTheOpponent;
-    int roll;
-    const char* message;
-  } cases[] = {
-      {kHypnotize, true, 30, "The Bluberd is paralyzed for 3 more turns!"},
-      {kGravityTrap, true, 30, "The Bluberd is paralyzed for 7 more turns!"},
-      {kPoisonSting, false, 99, "Mookie is poisoned for 3 more turns!"},
-      {kWeary, false, 10, "Mookie resists being slowed down!"},
-      {kWeary, false, 95, "Mookie is moving at half-speed for 3 more turns!"},
-      {kDuststorm, true, 50, "The Bluberd has less accuracy!"},
-      {kGlare, true, 0, "The Bluberd resists being made less defensive!"},
-  };
   std::string message;
-  for (const auto& c : cases) {
-    SeedRandom(SeedRolling(c.roll));
-    Kindrel& caster = c.onTheOpponent ? *mookie : *bird;
-    Kindrel& target = c.onTheOpponent ? *bird : *mookie;
-    EXPECT_TRUE(ApplySpellEffects(spellTable[c.spell], caster, target, c.onTheOpponent, &message));
-    EXPECT_EQ(message, c.message);
+  for (const auto& [spell, onTheOpponent, roll, expected] :
+       {std::tuple{kHypnotize, true, 30, "The Bluberd is paralyzed for 3 more turns!"},
+        {kGravityTrap, true, 30, "The Bluberd is paralyzed for 7 more turns!"},
+        {kPoisonSting, false, 99, "Mookie is poisoned for 3 more turns!"},
+        {kWeary, false, 10, "Mookie resists being slowed down!"},
+        {kWeary, false, 95, "Mookie is moving at half-speed for 3 more turns!"},
+        {kDuststorm, true, 50, "The Bluberd has less accuracy!"},
+        {kGlare, true, 0, "The Bluberd resists being made less defensive!"}}) {
+    SeedRandom(SeedRolling(roll));
+    Kindrel& caster = onTheOpponent ? *mookie : *bird;
+    Kindrel& target = onTheOpponent ? *bird : *mookie;
+    EXPECT_TRUE(ApplySpellEffects(spellTable[spell], caster, target, onTheOpponent, &message));
+    EXPECT_EQ(message, expected);
   }
 
   // A name with a '%' in it is shown as it is.
