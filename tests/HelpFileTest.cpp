@@ -87,62 +87,48 @@ TEST(HelpFileTest, LongLinesAreReadInPiecesAndJunkNeverOverflows) {
 class HelpFileReadingTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::filesystem::create_directories(folder / "here");
     std::filesystem::create_directories(folder / "root" / "dat");
-    previous = std::filesystem::current_path();
-    std::filesystem::current_path(folder / "here");
     platform::SetDataRoot((folder / "root").string());
   }
-  void TearDown() override {
-    std::filesystem::current_path(previous);
-    platform::SetDataRoot("");
-  }
+  void TearDown() override { platform::SetDataRoot(""); }
   void Write(const std::filesystem::path& path, const std::string& content) {
     std::ofstream(path, std::ios::binary) << content;
   }
-  // Reads with the index given; returns the text and leaves the index in `index`.
-  std::string Read(std::int32_t start) {
-    index = start;
+  // Reads with the index given; the text and the index the reading leaves.
+  using Reading = std::pair<std::string, std::int32_t>;
+  Reading Read(std::int32_t index) {
     HelpText text;
     std::memset(text, 'x', sizeof text);
     ReadHelpTopic(index, text);
-    return text;
+    return {text, index};
   }
 
   TempFolder folder{"help"};
-  std::filesystem::path previous;
-  std::int32_t index = 0;
+  InFolder here{folder / "here"};
 };
 
 TEST_F(HelpFileReadingTest, MissingEmptyAndShortFiles) {
-  EXPECT_EQ(Read(3), "") << "no file anywhere";
-  EXPECT_EQ(index, 3) << "without a file the index stays";
-
+  EXPECT_EQ(Read(3), Reading("", 3)) << "no file anywhere: the index stays";
   Write(folder / "here" / "help.dat", "");
-  EXPECT_EQ(Read(3), "");
-  EXPECT_EQ(index, 0) << "an empty file has no topic 3: back to the first";
+  EXPECT_EQ(Read(3), Reading("", 0)) << "an empty file has no topic 3: back to the first";
   Write(folder / "here" / "help.dat", "no topics\nhere at all\n");
-  EXPECT_EQ(Read(0), "");
-  EXPECT_EQ(index, 0);
+  EXPECT_EQ(Read(0), Reading("", 0));
 
   Write(folder / "here" / "help.dat", "INFO zero\nINFO one\nINFO two\n");
-  EXPECT_EQ(Read(2), "two ");
-  EXPECT_EQ(index, 2);
-  EXPECT_EQ(Read(3), "zero ") << "past the last topic the first comes again";
-  EXPECT_EQ(index, 0);
-  EXPECT_EQ(Read(-4), "zero ");
-  EXPECT_EQ(index, 0);
+  EXPECT_EQ(Read(2), Reading("two ", 2));
+  EXPECT_EQ(Read(3), Reading("zero ", 0)) << "past the last topic the first comes again";
+  EXPECT_EQ(Read(-4), Reading("zero ", 0));
 }
 
 TEST_F(HelpFileReadingTest, TheCurrentDirectoryComesBeforeTheDataRoot) {
   Write(folder / "root" / "help.dat", "INFO from the data root\n");
   EXPECT_EQ(HelpFilePath(), platform::DataPath("help.dat"));
-  EXPECT_EQ(Read(0), "from the data root ");
+  EXPECT_EQ(Read(0).first, "from the data root ");
   Write(folder / "here" / "help.dat", "INFO from here\n");
   EXPECT_EQ(HelpFilePath(), "help.dat");
-  EXPECT_EQ(Read(0), "from here ");
+  EXPECT_EQ(Read(0).first, "from here ");
   std::filesystem::remove(folder / "here" / "help.dat");
-  EXPECT_EQ(Read(0), "from the data root ");
+  EXPECT_EQ(Read(0).first, "from the data root ");
 }
 
 // The lessons the game ships, as the temple shows them: in font 2, word-wrapped in the

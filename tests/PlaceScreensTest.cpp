@@ -364,15 +364,8 @@ const char* const kThird = "The third lesson. ";
 class TempleScreenTest : public PlaceScreenFixture {
  protected:
   void SetUp() override {
-    std::filesystem::create_directories(folder / "here");
-    previous = std::filesystem::current_path();
-    std::filesystem::current_path(folder / "here");
     helpTopicIndex = 0;  // as at the start of the program
     Start("fanfare7.wav", kFanfareSamples, [] { return new TempleScreen(1, "HELP MODE"); });
-  }
-  void TearDown() override {
-    std::filesystem::current_path(previous);
-    PlaceScreenFixture::TearDown();
   }
   void WriteHelp(const std::string& content) { std::ofstream(folder / "here" / "help.dat", std::ios::binary) << content; }
   void Leave() {
@@ -382,7 +375,7 @@ class TempleScreenTest : public PlaceScreenFixture {
   // Everything above the buttons is exactly the text in the temple's text box.
   bool Shows(const std::string& text) { return ShowsText(text, {100, 80, 540, 300}, {0, 0, 640, 305}); }
 
-  std::filesystem::path previous;
+  InFolder here{folder / "here"};
 };
 
 TEST_F(TempleScreenTest, EachVisitShowsTheNextTopicAndTheFirstComesAgainAfterTheLast) {
