@@ -18,6 +18,12 @@ const std::vector<std::uint32_t> kCard = {
     0x000000, 0xFFFFFF, 0x00FF00, 0x0000FF, 0xFFFF00,
 };
 
+// The bytes with a little-endian field of `size` bytes at `at` set to the value.
+std::vector<std::uint8_t> Patched(std::vector<std::uint8_t> bytes, std::size_t at, std::uint32_t value, int size) {
+  for (int i = 0; i < size; ++i) bytes[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
+  return bytes;
+}
+
 std::uint16_t Expected(std::uint32_t rgb) { return Rgb565(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF); }
 
 TEST(BitmapFileTest, EveryDepthAndRowOrderGivesTheSamePicture) {
@@ -65,13 +71,10 @@ TEST(BitmapFileTest, RunLengthPictures) {
     for (std::size_t i = 0; i < c.indices.size(); ++i) EXPECT_EQ(image->pixels[i], Expected(palette[c.indices[i]])) << i;
     // Cut anywhere, the file still decodes or is refused, and nothing is read past its end.
     for (std::size_t n = 0; n < bytes.size(); ++n) DecodeBitmap(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + n));
-    auto topDown = bytes;  // height -3: run lengths are written bottom-up only
-    topDown[22] = 0xFD, topDown[23] = topDown[24] = topDown[25] = 0xFF;
-    EXPECT_FALSE(DecodeBitmap(topDown).has_value());
-    auto huge = bytes;  // 5000 x 1000 pixels from a few bytes of runs
-    huge[18] = 0x88, huge[19] = 0x13, huge[20] = huge[21] = 0;
-    huge[22] = 0xE8, huge[23] = 0x03, huge[24] = huge[25] = 0;
-    EXPECT_FALSE(DecodeBitmap(huge).has_value());
+    // Run lengths are written bottom-up only (here height -3); and 5000 x 1000 pixels from
+    // a few bytes of runs are too many.
+    EXPECT_FALSE(DecodeBitmap(Patched(bytes, 22, static_cast<std::uint32_t>(-3), 4)).has_value());
+    EXPECT_FALSE(DecodeBitmap(Patched(Patched(bytes, 18, 5000, 4), 22, 1000, 4)).has_value());
   }
 }
 
@@ -80,14 +83,9 @@ TEST(BitmapFileTest, BrokenFilesAreRefused) {
   ASSERT_TRUE(DecodeBitmap(good).has_value());
 
   // Every truncation of a good file.
-  for (std::size_t n = 0; n < good.size(); ++n) {
+  for (std::size_t n = 0; n < good.size(); ++n)
     EXPECT_FALSE(DecodeBitmap(std::span(good.data(), n)).has_value()) << "cut at " << n;
-  }
-  auto patched = [&](std::size_t at, std::uint32_t value, int bytes) {
-    auto copy = good;
-    for (int i = 0; i < bytes; ++i) copy[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
-    return copy;
-  };
+  auto patched = [&](std::size_t at, std::uint32_t value, int size) { return Patched(good, at, value, size); };
   EXPECT_FALSE(DecodeBitmap(patched(0, 'X', 1)).has_value()) << "not a bitmap";
   EXPECT_FALSE(DecodeBitmap(patched(18, 0, 4)).has_value()) << "zero width";
   EXPECT_FALSE(DecodeBitmap(patched(22, 0, 4)).has_value()) << "zero height";
