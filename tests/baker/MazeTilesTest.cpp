@@ -207,7 +207,7 @@ Spread Measure(const Picture& p, int wayX, int wayY) {
   const double dx = wayX * kStepX, dy = wayY * kStepY;
   const double ex = -wayY * kStepX, ey = wayX * kStepY;
   const double det = dx * ey - dy * ex;
-  std::vector<std::array<double, 2>> ts;
+  std::vector<std::array<double, 2>> ts;  // t, s of each shown pixel
   for (int y = 0; y < p.height; ++y) {
     for (int x = 0; x < p.width; ++x) {
       if (!Opaque(p, x, y)) continue;
@@ -215,32 +215,18 @@ Spread Measure(const Picture& p, int wayX, int wayY) {
       ts.push_back({(vx * ey - vy * ex) / det, (dx * vy - dy * vx) / det});
     }
   }
-  Spread spread;
-  if (ts.empty()) return spread;
-  double tMin = 1e9, tMax = -1e9, sMin = 1e9, sMax = -1e9;
-  for (const auto& v : ts) {
-    tMin = std::min(tMin, v[0]);
-    tMax = std::max(tMax, v[0]);
-    sMin = std::min(sMin, v[1]);
-    sMax = std::max(sMax, v[1]);
-  }
-  spread.length = tMax - tMin;
-  spread.width = sMax - sMin;
-  // How wide the arrow is within the last tenth of a cell at either end.
-  double tipLow = 1e9, tipHigh = -1e9, tailLow = 1e9, tailHigh = -1e9;
-  for (const auto& v : ts) {
-    if (v[0] >= tMax - 0.1) {
-      tipLow = std::min(tipLow, v[1]);
-      tipHigh = std::max(tipHigh, v[1]);
-    }
-    if (v[0] <= tMin + 0.1) {
-      tailLow = std::min(tailLow, v[1]);
-      tailHigh = std::max(tailHigh, v[1]);
-    }
-  }
-  spread.tip = tipHigh - tipLow;
-  spread.tail = tailHigh - tailLow;
-  return spread;
+  if (ts.empty()) return {};
+  const auto [first, last] = std::minmax_element(ts.begin(), ts.end());  // by t first
+  const double tMin = (*first)[0], tMax = (*last)[0];
+  // How wide in s the pixels with t in [from, to] are.
+  auto width = [&](double from, double to) {
+    double low = 1e9, high = -1e9;
+    for (const auto& [t, s] : ts)
+      if (t >= from && t <= to) low = std::min(low, s), high = std::max(high, s);
+    return high - low;
+  };
+  // The tip and the tail: within the last tenth of a cell at either end.
+  return {tMax - tMin, width(tMin, tMax), width(tMax - 0.1, tMax), width(tMin, tMin + 0.1)};
 }
 
 TEST(MazeArrows, PointTheWayTheirNamesSay) {
