@@ -3,10 +3,6 @@
 // second.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <string>
-#include <vector>
-
 #include "AreaCheck.h"
 #include "platform/Font.h"
 #include "support/TestData.h"

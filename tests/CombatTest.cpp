@@ -1,15 +1,10 @@
 // Combats driven through the message loop: the messages of an exchange in their order,
 // input during messages, changing creatures, boosts and resistances, retreating, catching,
 // and winning with a level-up. Fixed seeds make every run the same.
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <functional>
 
 #include "combat/CombatMode.h"
-#include "creatures/PlayerRecord.h"
 #include "screens/CreatureInfoScreen.h"
-#include "shell/Globals.h"
 #include "shell/Random.h"
 #include "support/HeadlessGame.h"
 

@@ -4,15 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <filesystem>
-#include <string>
 #include <tuple>
 
 #include "creatures/Kindrel.h"
 #include "creatures/SpeciesTable.h"
 #include "creatures/SpellTable.h"
 #include "graphics/Display.h"
-#include "platform/DataPath.h"
 #include "support/TestData.h"
 
 namespace {

@@ -1,14 +1,8 @@
 // Pictures on the display: clipping, opaque, keyed and additive drawing, mirroring,
 // surface loss and reloading, and text in its rectangle.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <tuple>
-
 #include "graphics/Blit.h"
 #include "graphics/Picture.h"
 #include "graphics/Text.h"
-#include "platform/DataPath.h"
 #include "platform/DrawText.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"

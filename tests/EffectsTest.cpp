@@ -1,14 +1,11 @@
 // The game's random generator, the cross-fade and its table, particles and the mouse
 // pointer, on the headless display.
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <numbers>
 
 #include "graphics/Blit.h"
 #include "graphics/CrossFade.h"
 #include "graphics/Particles.h"
-#include "shell/Globals.h"
 #include "shell/Random.h"
 #include "support/HeadlessGame.h"
 #include "ui/MousePointer.h"

@@ -3,16 +3,11 @@
 // the panel drawn over the dimmed frame. (Scripted answers serve the menu tests.)
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "platform/FileDialog.h"
 #include "platform/FileDialogView.h"

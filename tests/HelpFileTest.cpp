@@ -2,20 +2,11 @@
 // one read (junk of every kind is the fuzz target's), where the file is looked for and what a reading gives when the file is
 // missing, empty or short of topics; and the lessons the game ships, which must each fit
 // the temple's text box.
-#include <gtest/gtest.h>
-
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
 
-#include "graphics/Display.h"
-#include "platform/DataPath.h"
 #include "platform/DrawText.h"
 #include "platform/Font.h"
 #include "screens/HelpFile.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 

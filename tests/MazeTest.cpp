@@ -13,18 +13,13 @@
 //   y6 1111201111
 //   y7 1000000001
 //   y8 1111112111
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <set>
-#include <string>
 #include <unistd.h>
 
 #include "combat/CombatMode.h"
-#include "creatures/PlayerRecord.h"
 #include "platform/DataPath.h"
 #include "screens/MessageScreen.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 #include "world/EventScreen.h"
 #include "world/MazeScreen.h"

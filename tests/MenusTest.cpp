@@ -1,23 +1,15 @@
 // The main menu, the options and the pause menu, driven from start-up like a player:
 // the buttons by mouse and keys, the settings wrapping round, the tune kept across the
 // options and the credits, a new game, and quitting a game back to the menu.
-#include <gtest/gtest.h>
-
+#include <cerrno>
 #include <cmath>
 #include <numbers>
 
-#include <cerrno>
-#include <filesystem>
-#include <fstream>
-
-#include "creatures/PlayerRecord.h"
 #include "platform/AtomicFile.h"
-#include "platform/DataPath.h"
 #include "platform/DrawText.h"
 #include "screens/MainMenuScreen.h"
 #include "screens/OptionsScreen.h"
 #include "screens/PauseMenuScreen.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 #include "support/WaveBytes.h"

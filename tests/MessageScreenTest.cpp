@@ -1,9 +1,6 @@
 // The message screen above another screen: how it is left with and without a text, and
 // what it shows.
-#include <gtest/gtest.h>
-
 #include "screens/MessageScreen.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 
 namespace {

@@ -1,15 +1,8 @@
 // The party strip drawn on the headless backend and read back as pixels: the hit-point
 // bars, the pictures, and the texts compared with the same texts drawn by the game's own
 // text output.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-
 #include "creatures/PartyStrip.h"
-#include "creatures/PlayerRecord.h"
 #include "graphics/Text.h"
-#include "platform/DataPath.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 

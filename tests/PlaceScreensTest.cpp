@@ -2,24 +2,13 @@
 // standing for the world map, on a headless game with a sound device and a data folder of
 // its own that holds the click and the place's fanfare: what they share, and each one's
 // own work.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <string>
-#include <vector>
-
-#include "creatures/PlayerRecord.h"
 #include "graphics/Picture.h"
 #include "graphics/Text.h"
-#include "platform/DataPath.h"
 #include "screens/CreatureInfoScreen.h"
 #include "screens/HomeScreen.h"
 #include "screens/MarketScreen.h"
 #include "screens/PlaceScreen.h"
 #include "screens/TempleScreen.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 #include "support/WaveBytes.h"

@@ -1,18 +1,12 @@
 // Saved games: the file of a new game line by line, round trips of everything a file
 // holds, the name a save gets, a failed write that keeps the earlier save, and every kind
 // of broken file refused without touching the game.
-#include <gtest/gtest.h>
-
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 
 #include "persist/SavedGame.h"
 #include "platform/AtomicFile.h"
-#include "platform/HeadlessBackend.h"
-#include "platform/Window.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 

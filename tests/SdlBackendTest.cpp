@@ -1,11 +1,8 @@
 // The real backend on SDL's dummy video driver, fed with events made by calls and with a
 // virtual game controller: what the keyboard, the mouse, the window and each part of the
 // pad send the game, and full screen and back.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 #include <utility>
 
 #include "platform/SdlBackend.h"

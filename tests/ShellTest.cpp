@@ -1,14 +1,9 @@
 // The application shell on the headless backend: the screen stack and its requests, the
 // shortcuts every screen shares, the frame clock, start-up failures and shutdown.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <map>
-#include <string>
-#include <vector>
 
 #include "shell/CommandLine.h"
-#include "shell/Globals.h"
 #include "shell/ScreenObject.h"
 #include "support/HeadlessGame.h"
 #include "ui/MousePointer.h"

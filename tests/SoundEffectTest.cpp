@@ -2,19 +2,9 @@
 // volume, replaying, muting, looping and freeing ask of the device, and every failure with
 // its message box (or, without a sound device, silently none). What the device then plays
 // is the mixer's to test.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-#include <tuple>
 #include <utility>
-#include <vector>
 
 #include "audio/SoundEffect.h"
-#include "platform/DataPath.h"
-#include "platform/HeadlessBackend.h"
-#include "platform/Window.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 #include "support/WaveBytes.h"

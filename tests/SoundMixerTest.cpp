@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <vector>
 
 #include "platform/AudioMixer.h"
 #include "support/WaveBytes.h"

@@ -3,12 +3,7 @@
 // version of a file.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <optional>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "audio/WaveReader.h"
 #include "support/TestData.h"

@@ -1,7 +1,5 @@
 // Lists, widget lists and boxes: the cursor rules of the list, hit testing and cycling,
 // what is drawn in which colour, and typing into a text field.
-#include <gtest/gtest.h>
-
 #include <cstring>
 
 #include "support/HeadlessGame.h"

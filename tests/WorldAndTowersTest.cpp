@@ -1,14 +1,10 @@
 // The world map, the creature information screen and the wizard towers, played from a new
 // game: which places show and open, the hover and click rules, renaming and swapping, and
 // a tower before and after its battle.
-#include <gtest/gtest.h>
-
 #include "combat/CombatMode.h"
-#include "creatures/PlayerRecord.h"
 #include "screens/CreatureInfoScreen.h"
 #include "screens/TowerScreen.h"
 #include "world/WorldMapScreen.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 
 namespace {
