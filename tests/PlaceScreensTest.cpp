@@ -268,13 +268,21 @@ class MarketScreenTest : public PlaceScreenFixture {
   }
 };
 
-TEST_F(MarketScreenTest, TheQuestionAndGivingAwayButNeverTheLastKindrel) {
+TEST_F(MarketScreenTest, TheQuestionAndGivingAwayButNeverTheLastKindrelNorWithoutAChoice) {
   Kindrel* mookie = Put(0, "Mookie");
   Put(1, "Puff");
   Kindrel* nimbus = Put(2, "Nimbus");
   Visit();
   EXPECT_TRUE(ShowsPrompt());
   EXPECT_FALSE(ShowsPicture());
+  // Give Away without a choice does nothing, by keys, by mouse, at the button's corner.
+  Key(platform::VK_UP);
+  EXPECT_EQ(Lit(), static_cast<std::uint32_t>(MarketScreen::kGiveAway));
+  Key(platform::VK_SPACE);
+  ClickGiveAway();
+  RightClick(kGiveAwayButton.left, kGiveAwayButton.top);
+  EXPECT_EQ(thePlayer.PartyCount(), 3);
+  EXPECT_TRUE(ShowsPrompt());
 
   ClickBox(1);
   EXPECT_TRUE(ShowsQuestion("Puff"));
@@ -311,25 +319,12 @@ TEST_F(MarketScreenTest, TheQuestionAndGivingAwayButNeverTheLastKindrel) {
   EXPECT_TRUE(ShowsPrompt());
   ClickGiveAway();
   EXPECT_EQ(thePlayer.PartyCount(), 1);
-}
-
-TEST_F(MarketScreenTest, GiveAwayWithoutAChoiceDoesNothingAndDoneLeaves) {
-  Put(0, "Mookie");
-  Put(3, "Puff");
-  Visit();
-  Key(platform::VK_UP);
-  EXPECT_EQ(Lit(), static_cast<std::uint32_t>(MarketScreen::kGiveAway));
-  Key(platform::VK_SPACE);
-  ClickGiveAway();
-  RightClick(kGiveAwayButton.left, kGiveAwayButton.top);
-  EXPECT_EQ(thePlayer.PartyCount(), 2) << "nothing chosen, nothing given away";
-  EXPECT_TRUE(ShowsPrompt());
 
   // Leaving with a Kindrel chosen gives nothing away; the next visit starts afresh.
-  ClickBox(0);
+  ClickBox(2);
   Click(420, 355);  // Done
   EXPECT_EQ(currentScreen, below);
-  EXPECT_EQ(thePlayer.PartyCount(), 2);
+  EXPECT_EQ(thePlayer.PartyCount(), 1);
   Visit();
   EXPECT_TRUE(ShowsPrompt());
 }
