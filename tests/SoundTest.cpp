@@ -115,16 +115,12 @@ TEST(SoundMixer, SampleSizesChannelsAndRatesAreConvertedToTheOutput) {
   }
 }
 
-TEST(SoundMixer, VoicesAddUpAndSaturate) {
-  AudioMixer mixer;
-  const auto a = mixer.Add(Pcm(1, 16, 8000), Pcm16({10000, 30000, -30000, 5}));
-  const auto b = mixer.Add(Pcm(1, 16, 8000), Pcm16({5000, 30000, -30000, -5}));
-  mixer.Play(a, false);
-  mixer.Play(b, false);
-  EXPECT_EQ(Left(Render(mixer, 4, 8000, 2)), (std::vector<int>{15000, 32767, -32768, 0}));
-}
+TEST(SoundMixer, VoicesAddUpAndSaturateAtTheirVolumesInHundredthsOfADecibel) {
+  AudioMixer sum;
+  for (const auto& samples : {std::vector<int>{10000, 30000, -30000, 5}, {5000, 30000, -30000, -5}})
+    sum.Play(sum.Add(Pcm(1, 16, 8000), Pcm16(samples)), false);
+  EXPECT_EQ(Left(Render(sum, 4, 8000, 2)), (std::vector<int>{15000, 32767, -32768, 0}));
 
-TEST(SoundMixer, VolumeIsInHundredthsOfADecibel) {
   EXPECT_EQ(platform::GainForVolume(0), 65536);
   EXPECT_EQ(platform::GainForVolume(-10000), 0);
   // -20 dB is a tenth of the amplitude, -6 dB about half.
@@ -298,12 +294,8 @@ TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheSoundOver) {
   effectsVolume = 50;
   PlaySound(0, sound);
   EXPECT_EQ(sound->volume, 200);
-  EXPECT_EQ(Requests(), (Calls{{Request::SetVolume, 1, 0},
-                               {Request::Play, 1, 0},
-                               {Request::SetVolume, 1, 0},
-                               {Request::Rewind, 1, 0},
-                               {Request::SetVolume, 1, -2000},
-                               {Request::Play, 1, 0}}));
+  EXPECT_EQ(Requests(), (Calls{{Request::SetVolume, 1, 0}, {Request::Play, 1, 0}, {Request::SetVolume, 1, 0},
+                               {Request::Rewind, 1, 0}, {Request::SetVolume, 1, -2000}, {Request::Play, 1, 0}}));
   EXPECT_EQ(Audio().LiveBuffers(), 1);
 
   // Muted, it asks nothing and keeps its volume.
