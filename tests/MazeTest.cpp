@@ -85,11 +85,6 @@ class MazeTest : public ::testing::Test {
     }
     ASSERT_EQ(Combat(), nullptr);
   }
-  std::vector<std::string> Items() const {
-    std::vector<std::string> names;
-    for (ScreenObject* item = thePlayer.items.First(); item; item = thePlayer.items.Next()) names.push_back(item->GetName());
-    return names;
-  }
 
   std::unique_ptr<HeadlessGame> game;
   std::string path;
@@ -223,7 +218,7 @@ TEST_F(MazeTest, EventsShowTheirTextsLockTheirCellsAndGiveTheirItems) {
   EXPECT_EQ(Shown(), "The gate is locked.");
   Keys({kEnter});
   EXPECT_EQ(maze->playerCell, (MazeCell{7, 2})) << "back on the cell before";
-  EXPECT_TRUE(Items().empty());
+  EXPECT_TRUE(ItemNames(thePlayer).empty());
   // A held item whose name begins with the need opens the gate, in any letter case.
   thePlayer.AddItem("KEY OF FIRE");
   Keys({kDown});
@@ -237,7 +232,7 @@ TEST_F(MazeTest, EventsShowTheirTextsLockTheirCellsAndGiveTheirItems) {
   Keys({kUp, kUp, kEnter, kUp, kRight, kRight, kRight});
   EXPECT_EQ(Shown(), "A small flute, hidden in the moss.");
   Keys({kEnter});
-  EXPECT_EQ(Items(), (std::vector<std::string>{"KEY OF FIRE", "Gate Pass", "Flute of Wind", "flute"}));
+  EXPECT_EQ(ItemNames(thePlayer), (std::vector<std::string>{"KEY OF FIRE", "Gate Pass", "Flute of Wind", "flute"}));
 }
 
 TEST_F(MazeTest, ExitsTheViewAndTheMouse) {

@@ -1,13 +1,10 @@
 // The player's record and the places of the island: the defaults of the program's start,
 // the new-game reset, the party's slots, the map's rows found both ways, and the rules of
 // their open flags.
-#include <gtest/gtest.h>
-
 #include <set>
-#include <string>
 
-#include "creatures/PlayerRecord.h"
 #include "creatures/ShowcaseParty.h"
+#include "support/HeadlessGame.h"
 #include "world/LocationTable.h"
 
 namespace {
@@ -17,6 +14,13 @@ std::set<std::string> OpenPlaces() {
   for (const LocationInfo& place : locationTable)
     if (place.open) open.insert(place.name);
   return open;
+}
+
+// The options and the progress: difficulty, text speed, the player's sex, the first catch,
+// and the wizards beaten.
+auto Settings(const PlayerRecord& r) {
+  return std::tuple(r.difficulty, r.textSpeed, r.playerIsMale, r.firstCatchDone,
+                    std::vector<int>(std::begin(r.wizardDefeated), std::end(r.wizardDefeated)));
 }
 
 // The location table's open flags are the game's own: every test leaves them as it found
@@ -34,13 +38,10 @@ class PartyRecordTest : public ::testing::Test {
 
 TEST_F(PartyRecordTest, DefaultsAndTheNewGame) {
   PlayerRecord record;
-  EXPECT_EQ(record.difficulty, kNormal);
-  EXPECT_EQ(record.textSpeed, 5);
-  EXPECT_EQ(record.playerIsMale, 1);
-  EXPECT_EQ(record.firstCatchDone, 0);
+  const std::vector<int> noneBeaten(std::size(record.wizardDefeated), 0);
+  EXPECT_EQ(Settings(record), std::tuple(kNormal, 5, 1, 0, noneBeaten));
   EXPECT_EQ(record.PartyCount(), 0);
   EXPECT_TRUE(record.items.IsEmpty());
-  for (int flag : record.wizardDefeated) EXPECT_EQ(flag, 0);
 
   // A game in progress with options, items, beaten wizards and a full party.
   record.difficulty = kHard;
@@ -54,17 +55,10 @@ TEST_F(PartyRecordTest, DefaultsAndTheNewGame) {
   for (LocationInfo& place : locationTable) place.open = 1;
 
   record.StartNewGame();
-  // The options and the items are left alone.
-  EXPECT_EQ(record.difficulty, kHard);
-  EXPECT_EQ(record.textSpeed, 9);
-  EXPECT_EQ(record.playerIsMale, 0);
-  ASSERT_FALSE(record.items.IsEmpty());
-  EXPECT_STREQ(record.items.First()->GetName(), "Brass Key");
-  EXPECT_STREQ(record.items.Next()->GetName(), "Old Map");
-  EXPECT_EQ(record.items.Next(), nullptr);
-  // Everything else starts over: Mookie alone at home, five places open.
-  EXPECT_EQ(record.firstCatchDone, 0);
-  for (int flag : record.wizardDefeated) EXPECT_EQ(flag, 0);
+  // The options and the items are left alone; everything else starts over: Mookie alone at
+  // home, five places open.
+  EXPECT_EQ(Settings(record), std::tuple(kHard, 9, 0, 0, noneBeaten));
+  EXPECT_EQ(ItemNames(record), (std::vector<std::string>{"Brass Key", "Old Map"}));
   EXPECT_EQ(record.PartyCount(), 1);
   ASSERT_NE(record.party[0], nullptr);
   EXPECT_STREQ(record.party[0]->name, "Mookie");

@@ -71,6 +71,13 @@ inline void ResetGameRecord() {
   for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
 }
 
+// The names of the items the record holds, in their order.
+inline std::vector<std::string> ItemNames(PlayerRecord& record) {
+  std::vector<std::string> names;
+  for (ScreenObject* item = record.items.First(); item; item = record.items.Next()) names.push_back(item->GetName());
+  return names;
+}
+
 // The message boxes shown so far, each as its text, its caption and whether it has the
 // error icon.
 using ShownBox = std::tuple<std::string, std::string, bool>;
