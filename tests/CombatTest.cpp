@@ -54,6 +54,13 @@ class CombatTest : public ::testing::Test {
     game->RunFor(10);
   }
   void CastSpell(int slot) { Click(100, 210 + 26 * slot); }
+  // Casts the spell and runs, writing down the messages anew, until the player chooses
+  // again and `also` holds.
+  bool Cast(int slot, const std::function<bool()>& also = [] { return true; }) {
+    messages.clear();
+    CastSpell(slot);
+    return RunUntil([&] { return InPhase(kPhaseWaiting) && also(); });
+  }
   // The player's creature always hits and acts first.
   static void Sure(Kindrel& k) { k.status[Accuracy] = k.status[Speed] = 50; }
 
@@ -73,10 +80,8 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
     Fight({{kBluberd, 2}});
     EXPECT_EQ(combat->message, "Mookie is battling a Bluberd!");
     WaitForChoice();
-    messages.clear();
     SeedRandom(seed);
-    CastSpell(0);
-    ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+    ASSERT_TRUE(Cast(0));
     if (combat->opponent->hitPoints != 3 || thePlayer.party[0]->hitPoints != 1) continue;
     found = true;
     EXPECT_EQ(messages, (std::vector<std::string>{"Mookie uses Zap on the Bluberd!", "The Bluberd loses 1 point!",
@@ -146,9 +151,7 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
   Fight({{kStondre, 1}});
   WaitForChoice();
   combat->opponent->status[Accuracy] = -50;  // the Stondre never hits
-  messages.clear();
-  CastSpell(4);
-  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(4));
   EXPECT_EQ(messages.front(), "Squeaker uses Concentrate!");
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 1.0f) << "boosted, and boosts do not wear off";
   for (const std::string& m : messages) EXPECT_EQ(m.find("loses"), std::string::npos) << m;
@@ -158,9 +161,7 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
   thePlayer.party[1]->status[Accuracy] = 50;  // always hits
   Click(580, 330);
   Click(150, 420);
-  messages.clear();
-  CastSpell(1);  // Hypnotize
-  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(1));  // Hypnotize
   EXPECT_NE(std::find(messages.begin(), messages.end(), "The Stondre resists being paralyzed!"), messages.end());
   EXPECT_EQ(combat->opponent->status[Paralyzed], 0.0f);
 
@@ -176,8 +177,7 @@ TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
   WaitForChoice();
   Sure(*thePlayer.party[0]);
   combat->opponent->hitPoints = 2;  // a hit leaves it at 1: weak
-  CastSpell(0);
-  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(0));
   ASSERT_NE(combat->widgets.FindById(kCatchButton), nullptr);
   Click(590, 300);
   EXPECT_EQ(combat->message, "You caught the Bluberd!");
@@ -203,8 +203,7 @@ TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
     Sure(*thePlayer.party[0]);
     combat->opponent->hitPoints = 2;
     combat->opponent->status[Accuracy] = -50;
-    CastSpell(0);
-    ASSERT_TRUE(RunUntil([&] { return combat->opponent->hitPoints == 1 && InPhase(kPhaseWaiting); }));
+    ASSERT_TRUE(Cast(0, [&] { return combat->opponent->hitPoints == 1; }));
     EXPECT_EQ(combat->widgets.FindById(kCatchButton), nullptr) << (fullParty ? "full party" : "a wizard's team");
   }
 }
@@ -215,9 +214,7 @@ TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
   WaitForChoice();
   Sure(*thePlayer.party[0]);
   combat->opponent->hitPoints = 1;
-  messages.clear();
-  CastSpell(0);
-  ASSERT_TRUE(RunUntil([&] { return combat->opponentIndex == 1 && InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(0, [&] { return combat->opponentIndex == 1; }));
   const std::vector<std::string> expected = {"Mookie uses Zap on the Bluberd!", "The Bluberd loses 1 point!",
                                              "Mookie is now level 2!", "The Bluberd retreats!",
                                              "Mookie is battling a Fleenu!", "Choose a spell."};
@@ -237,8 +234,7 @@ TEST_F(CombatTest, ASpellGainedByALevelUpShowsFromTheNextChange) {
   WaitForChoice();
   Sure(*thePlayer.party[0]);
   combat->opponent->hitPoints = 1;
-  CastSpell(0);
-  ASSERT_TRUE(RunUntil([&] { return combat->opponentIndex == 1 && InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(0, [&] { return combat->opponentIndex == 1; }));
   ASSERT_EQ(thePlayer.party[0]->spellsKnown, 3);
   EXPECT_EQ(combat->widgets.FindById(kFirstSpellButton + 2), nullptr) << "the buttons of the combat's start";
   EXPECT_EQ(combat->widgets.current->GetId(), static_cast<std::uint32_t>(kFirstSpellButton)) << "the highlight stays";
