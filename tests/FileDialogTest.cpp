@@ -30,19 +30,13 @@ LResult Recorder(WindowHandle window, std::uint32_t message, WParam wParam, LPar
 }
 
 // An environment variable set for one test and put back after it.
-class ScopedEnv {
- public:
+struct ScopedEnv {
   ScopedEnv(const char* name, const std::optional<std::string>& value) : key(name) {
     if (const char* old = std::getenv(name)) before = old;
-    if (value) setenv(name, value->c_str(), 1);
-    else unsetenv(name);
+    Set(value);
   }
-  ~ScopedEnv() {
-    if (before) setenv(key.c_str(), before->c_str(), 1);
-    else unsetenv(key.c_str());
-  }
-
- private:
+  ~ScopedEnv() { Set(before); }
+  void Set(const std::optional<std::string>& value) { value ? setenv(key.c_str(), value->c_str(), 1) : unsetenv(key.c_str()); }
   std::string key;
   std::optional<std::string> before;
 };

@@ -168,28 +168,23 @@ class HomeScreenTest : public PlaceScreenFixture {
   void SetUp() override {
     Start("fanfare8.wav", {1200, 2400}, [] { return new HomeScreen(1, "HEAL MODE"); });
   }
-  Kindrel& Put(int slot, int species, int level, int hitPoints) {
+  Kindrel& Put(int slot, int species, int level, int hitPoints, std::vector<std::pair<StatusEffect, float>> status) {
     thePlayer.party[slot] = Kindrel::Create(species, level);
     thePlayer.party[slot]->hitPoints = hitPoints;
+    for (const auto& [effect, value] : status) thePlayer.party[slot]->status[effect] = value;
     return *thePlayer.party[slot];
   }
   int FullHitPoints(const Kindrel& k) const { return Kindrel::Create(k.species->index, k.level)->hitPoints; }
 };
 
 TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisitAndSaysSo) {
-  Kindrel& fainted = Put(0, 4, 3, 0);
-  fainted.status[Poisoned] = -1.0f;
+  // Boosts end as well.
+  Kindrel& fainted = Put(0, 4, 3, 0, {{Poisoned, -1.0f}});
   fainted.poisonDamage = 2;
   fainted.experience = 45;
   fainted.SetName("Mookie");
-  Kindrel& weary = Put(2, 9, 6, 5);
-  weary.status[Slow] = -0.5f;
-  weary.status[Paralyzed] = -0.25f;
-  weary.status[Offense] = 2.0f;  // a boost ends as well
-  Kindrel& scratched = Put(5, 23, 1, 1);
-  scratched.status[Accuracy] = -0.75f;
-  scratched.status[Defense] = -1.0f;
-  scratched.status[Speed] = 1.0f;
+  Kindrel& weary = Put(2, 9, 6, 5, {{Slow, -0.5f}, {Paralyzed, -0.25f}, {Offense, 2.0f}});
+  Kindrel& scratched = Put(5, 23, 1, 1, {{Accuracy, -0.75f}, {Defense, -1.0f}, {Speed, 1.0f}});
 
   Visit();
   const char* kText = "You and your Kindrels spend the night resting at home, and everyone wakes up fully healed.";
@@ -206,9 +201,7 @@ TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisitAndSaysSo) {
   EXPECT_EQ(thePlayer.party[0].get(), &fainted);
   EXPECT_EQ(thePlayer.party[2].get(), &weary);
   EXPECT_EQ(thePlayer.party[5].get(), &scratched);
-  EXPECT_EQ(fainted.level, 3);
-  EXPECT_EQ(fainted.experience, 45u);
-  EXPECT_STREQ(fainted.name, "Mookie");
+  EXPECT_EQ(std::tuple(fainted.level, fainted.experience, std::string(fainted.name)), std::tuple(3, 45u, "Mookie"));
   EXPECT_EQ(thePlayer.PartyCount(), 3);
 
   // Hurt during the visit: frames, input, a look at a Kindrel's page and back, and leaving
