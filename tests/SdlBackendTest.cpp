@@ -81,18 +81,13 @@ class SdlBackendTest : public ::testing::Test {
 
 TEST_F(SdlBackendTest, KeysArriveAsTheVirtualKeysOfAWindowsKeyboard) {
   StartProbe();
-  // Letters, digits and function keys by their ranges, the keypad with its own codes, and
-  // the named keys and punctuation of a US keyboard.
+  // The keys the game reads: letters, digits and function keys by their ranges, the
+  // keypad's digits with their own codes, and the keys that move and choose.
   const std::pair<const char*, std::uint32_t> keys[] = {
-      {"A", 'A'}, {"Z", 'Z'}, {"0", '0'}, {"9", '9'}, {"F1", VK_F1}, {"F11", VK_F11},
-      {"Keypad 0", VK_NUMPAD0}, {"Keypad 1", VK_NUMPAD0 + 1}, {"Keypad 9", VK_NUMPAD0 + 9}, {"Keypad .", VK_DECIMAL},
-      {"Keypad *", VK_MULTIPLY}, {"Keypad +", VK_ADD}, {"Keypad -", VK_SUBTRACT}, {"Keypad /", VK_DIVIDE},
-      {"Tab", VK_TAB}, {"Escape", VK_ESCAPE}, {"Space", VK_SPACE}, {"Left", VK_LEFT}, {"Up", VK_UP},
-      {"Right", VK_RIGHT}, {"Down", VK_DOWN}, {"PageUp", VK_PRIOR}, {"PageDown", VK_NEXT}, {"Home", VK_HOME},
-      {"End", VK_END}, {"Insert", VK_INSERT}, {"Delete", VK_DELETE}, {"Left Shift", VK_SHIFT},
-      {"Right Shift", VK_SHIFT}, {"Left Ctrl", VK_CONTROL}, {"Right Ctrl", VK_CONTROL}, {"Left Alt", VK_MENU},
-      {"Right Alt", VK_MENU}, {";", 0xBA}, {"=", 0xBB}, {",", 0xBC}, {"-", 0xBD}, {".", 0xBE}, {"/", 0xBF},
-      {"`", 0xC0}, {"[", 0xDB}, {"\\", 0xDC}, {"]", 0xDD}, {"'", 0xDE},
+      {"A", 'A'}, {"Z", 'Z'}, {"0", '0'}, {"9", '9'}, {"F1", VK_F1}, {"F11", VK_F11}, {"Keypad 0", VK_NUMPAD0},
+      {"Keypad 1", VK_NUMPAD0 + 1}, {"Keypad 9", VK_NUMPAD0 + 9}, {"Escape", VK_ESCAPE}, {"Space", VK_SPACE},
+      {"Left", VK_LEFT}, {"Up", VK_UP}, {"Right", VK_RIGHT}, {"Down", VK_DOWN}, {"PageUp", VK_PRIOR},
+      {"PageDown", VK_NEXT}, {"Home", VK_HOME}, {"End", VK_END},
   };
   for (const auto& [name, vk] : keys) {
     ASSERT_TRUE(input::Key(name, true)) << name;
