@@ -1,6 +1,5 @@
-// Kindrels: creation, growth by experience, hit points and their colour; the species and
-// spell tables as the rest of the game relies on them (rows found by their index, and the
-// spells a creature casts on itself, which neither fly nor hit); and the status rules as
+// Kindrels: creation, growth by experience, hit points and their colour; the spells a
+// creature casts on itself, which neither fly nor hit; and the status rules as
 // the combat uses them: the resistance roll through the game's generator, landing and
 // boosting, recovery, the announced durations, poison by the caster's level, and the
 // messages with their prefixes.
@@ -151,15 +150,6 @@ TEST(CreatureGrowthTest, PictureIsTheCreaturesOwn) {
   auto missing = Kindrel::Create(kBluberd, 1);
   EXPECT_EQ(missing->picture->Width(), 0);
   EXPECT_EQ(missing->hitPoints, 2);
-}
-
-TEST(CreatureTablesTest, RowsAreFoundByTheirIndex) {
-  for (int i = 0; i < kSpeciesCount; ++i) EXPECT_EQ(SpeciesAt(i), &speciesTable[i]);
-  for (int i = 0; i < kSpellCount; ++i) EXPECT_EQ(SpellAt(i), &spellTable[i]);
-  for (int outside : {-1, 36}) {
-    EXPECT_EQ(SpeciesAt(outside), nullptr);
-    EXPECT_EQ(SpellAt(outside), nullptr);
-  }
 }
 
 TEST(CreatureTablesTest, SpellSounds) {

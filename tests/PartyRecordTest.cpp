@@ -1,6 +1,5 @@
 // The player's record and the places of the island: the defaults of the program's start,
-// the new-game reset, the party's slots, the map's rows found both ways, and the rules of
-// their open flags.
+// the new-game reset, the party's slots, and the rules of the places' open flags.
 #include <set>
 
 #include "creatures/ShowcaseParty.h"
@@ -127,18 +126,6 @@ TEST_F(PartyRecordTest, ShowcaseParty) {
   EXPECT_EQ(red, 1);
   EXPECT_EQ(yellow, 1);
   EXPECT_STREQ(record.party[0]->name, "Mookie");
-}
-
-TEST_F(PartyRecordTest, RowsOfTheMap) {
-  for (int row = 0; row < kLocationCount; ++row) {
-    EXPECT_EQ(LocationRow(LocationAt(row)), row);
-    // Only the wild areas have area files.
-    const LocationInfo& place = locationTable[row];
-    EXPECT_EQ(IsWildArea(place), place.areaFile[0] != '\0') << place.name;
-  }
-  EXPECT_EQ(LocationAt(-1), nullptr);
-  EXPECT_EQ(LocationAt(kLocationCount), nullptr);
-  EXPECT_EQ(LocationRow(nullptr), -1);
 }
 
 TEST_F(PartyRecordTest, OpenFlags) {

@@ -73,13 +73,6 @@ TEST(Manifest, ReadsEveryManifestOfAFolderAndRefusesDuplicatesAndMissingSources)
   }
 }
 
-TEST(PixelRules, ModesParseByTheirManifestNames) {
-  for (const auto& [name, mode] : {std::pair{"opaque", Mode::Opaque}, {"keyed", Mode::Keyed}, {"additive", Mode::Additive}})
-    EXPECT_EQ(ParseMode(name), mode);
-  for (const char* name : {"Keyed", "key", ""}) EXPECT_FALSE(ParseMode(name)) << name;
-  for (Mode m : {Mode::Opaque, Mode::Keyed, Mode::Additive}) EXPECT_EQ(ParseMode(ModeName(m)), m);
-}
-
 TEST(PixelRules, KeyedDropsPixelsUnderHalfCoverageAndKeepsTheColourOfTheRest) {
   // An edge pixel keeps the colour the picture says; darkening it by its coverage would
   // ring the sprite with a dark halo.
