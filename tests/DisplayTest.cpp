@@ -539,20 +539,17 @@ TEST_F(WidgetTest, CurrentCaptionIsHighlightedAndPictureBoxesShowOnlyWhenCurrent
 
 TEST_F(WidgetTest, TypingIntoATextField) {
   Box name(0, "X", "Mookie", 63, 10, 10, 300, 40, 2);
-  name.TypeChar('s');
-  EXPECT_STREQ(name.Caption(), "Mookie") << "plain boxes ignore typing";
+  auto type = [&](const std::string& keys) {
+    for (char c : keys) name.TypeChar(static_cast<unsigned char>(c));
+    return std::string(name.Caption());
+  };
+  EXPECT_EQ(type("s"), "Mookie") << "plain boxes ignore typing";
   name.editable = 1;
-  name.TypeChar('s');
-  name.TypeChar(13);
-  EXPECT_STREQ(name.Caption(), "Mookies");
-  for (int i = 0; i < 7; ++i) name.TypeChar(8);
-  EXPECT_STREQ(name.Caption(), "");
-  name.TypeChar(8);
-  EXPECT_STREQ(name.Caption(), "") << "backspace on an empty field";
-  for (int i = 0; i < 64; ++i) name.TypeChar('a' + i % 26);
-  EXPECT_EQ(std::strlen(name.Caption()), 63u) << "the 64th character is dropped";
-  name.TypeChar(8);
-  EXPECT_EQ(std::strlen(name.Caption()), 62u);
+  EXPECT_EQ(type("s\r"), "Mookies");
+  EXPECT_EQ(type(std::string(7, '\b')), "");
+  EXPECT_EQ(type("\b"), "") << "backspace on an empty field";
+  EXPECT_EQ(type(std::string(64, 'a')), std::string(63, 'a')) << "the 64th character is dropped";
+  EXPECT_EQ(type("\b"), std::string(62, 'a'));
 
   // Through the widget list, into the current widget.
   ObjectList list(PackColour(180, 180, 230), PackColour(100, 255, 100));
