@@ -1,6 +1,7 @@
-// The main menu, the options and the pause menu, driven from start-up like a player:
-// the buttons by mouse and keys, the settings wrapping round, the tune kept across the
-// options and the credits, a new game, and quitting a game back to the menu.
+// The main menu, the options, the pause menu and the message screen, driven from start-up
+// like a player: the buttons by mouse and keys, the settings wrapping round, the tune kept
+// across the options and the credits, a new game, quitting a game back to the menu, saving
+// and loading; and a message screen above another screen, left with and without a text.
 #include <cerrno>
 #include <cmath>
 #include <numbers>
@@ -8,6 +9,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/DrawText.h"
 #include "screens/MainMenuScreen.h"
+#include "screens/MessageScreen.h"
 #include "screens/OptionsScreen.h"
 #include "screens/PauseMenuScreen.h"
 #include "support/HeadlessGame.h"
@@ -190,6 +192,67 @@ TEST(TurnTowardTest, TurnsTheShortWayAtMostTheLimit) {
   EXPECT_LT(std::fabs(turn), 0.5f);
   // Without a limit, the absolute bearing.
   EXPECT_NEAR(TurnToward(0, 0, 0, 100, 0.0f, 0.0f), pi, 1e-5f);
+}
+
+// Starts a probe screen and puts a message screen above it.
+class MessageScreenTest : public ::testing::Test {
+ protected:
+  void Open(const char* text) {
+    game.reset();
+    log.clear();
+    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("BELOW", &log); });
+    game->Push(new MessageScreen(1, "INFO_MODE", text, "dat\\nowhere.bmp"));
+    ASSERT_STREQ(currentScreen->GetName(), "INFO_MODE");
+  }
+  bool Left() const { return currentScreen == below; }
+  int Lit(const Rect& r) const {
+    int n = 0;
+    for (int y = r.top; y < r.bottom; ++y)
+      for (int x = r.left; x < r.right; ++x) n += game->backend.LastFrame()[y * 640 + x] != 0;
+    return n;
+  }
+
+  std::vector<std::string> log;
+  std::unique_ptr<HeadlessGame> game;
+  ProbeScreen* below = nullptr;
+};
+
+const char* const kCredits = "\n\n\nMade by us.";
+
+TEST_F(MessageScreenTest, WithATextOnlyTheButtonContinues) {
+  Open(kCredits);
+  EXPECT_GT(Lit({120, 80, 520, 370}), 0) << "the text";
+  EXPECT_GT(Lit({220, 370, 420, 396}), 0) << "the button";
+  game->Click(10, 10);
+  EXPECT_FALSE(Left()) << "a click beside the button";
+  game->RightClick(10, 10);
+  EXPECT_FALSE(Left());
+  game->RightClick(420, 395);
+  EXPECT_TRUE(Left()) << "right-clicking the button's corner";
+  EXPECT_EQ(below->state, kStateNone);
+
+  Open(kCredits);
+  game->Key(platform::VK_DOWN);
+  EXPECT_FALSE(Left());
+  game->Key(platform::VK_SPACE);
+  EXPECT_TRUE(Left());
+
+  Open(kCredits);
+  game->Click(300, 380);
+  EXPECT_TRUE(Left());
+  EXPECT_EQ(log, (std::vector<std::string>{"BELOW activate", "BELOW deactivate", "BELOW activate"}));
+}
+
+TEST_F(MessageScreenTest, AnEmptyTextIsTheBarePictureAndAnyClickContinues) {
+  Open("");
+  EXPECT_EQ(Lit({100, 60, 640, 480}), 0) << "no text, no button, and here no picture either";
+  game->RightClick(10, 10);
+  EXPECT_FALSE(Left()) << "right clicks beside the button do nothing";
+  game->Click(10, 10);
+  EXPECT_TRUE(Left());
+  Open("");
+  game->Key(platform::VK_RETURN);
+  EXPECT_TRUE(Left());
 }
 
 }  // namespace
