@@ -629,11 +629,9 @@ class PartyStripTest : public IdleGameTest {
 TEST_F(PartyStripTest, BoxesAndHitPointBars) {
   // Full (8 of 8), half (4 of 8), a quarter (2 of 8), fainted (0 of 8); slot 4 empty;
   // a 1 of 10 in slot 5.
-  Put(0, kBluberd, 4, 8, "Full");
-  Put(1, kBluberd, 4, 4, "Half");
-  Put(2, kBluberd, 4, 2, "Low");
-  Put(3, kBluberd, 4, 0, "Gone");
-  Put(5, kBluberd, 5, 1, "Tenth");
+  for (const auto& [slot, level, hitPoints, name] : {std::tuple{0, 4, 8, "Full"}, {1, 4, 4, "Half"}, {2, 4, 2, "Low"},
+                                                      {3, 4, 0, "Gone"}, {5, 5, 1, "Tenth"}})
+    Put(slot, kBluberd, level, hitPoints, name);
   drawPartyStrip(record, -1);
 
   const std::uint32_t green = PackColour(0, 255, 0), yellow = PackColour(255, 255, 0), red = PackColour(255, 0, 0);
@@ -659,9 +657,8 @@ TEST_F(PartyStripTest, BoxesAndHitPointBars) {
     for (int x = PartyBoxRect(4).left; x < PartyBoxRect(4).right; ++x) ASSERT_EQ(target->At(x, y), 0) << x << "," << y;
 
   // The half bar is yellow, the quarter red: no green in those boxes.
-  EXPECT_FALSE(AnyInBox(1, Pixel(green)));
-  EXPECT_FALSE(AnyInBox(2, Pixel(green)));
-  EXPECT_FALSE(AnyInBox(2, Pixel(yellow)));
+  for (const auto& [slot, colour] : {std::pair{1, green}, {2, green}, {2, yellow}})
+    EXPECT_FALSE(AnyInBox(slot, Pixel(colour))) << slot;
 
   // The excluded slot is left out; every screen passes -1 to the one record's strip.
   Clear();
