@@ -185,16 +185,13 @@ constexpr std::time_t kNoon = 1773489600;  // a fixed day, so that the order nev
 
 Rect Middle(const Rect& r) { return {(r.left + r.right) / 2, (r.top + r.bottom) / 2, 0, 0}; }
 
-class FileDialogTest : public ::testing::Test {
+// The window of the message queue's tests, with a game frame behind the dialogs.
+class FileDialogTest : public MessageQueueTest {
  protected:
   void SetUp() override {
     dataHome.emplace("XDG_DATA_HOME", (root / "data").string());
     saves = (root / "data" / "quarnwick" / "saves").string();
-    received.clear();
-    validatePaint = true;
-    InstallBackend(&backend);
-    SetWindowProcedure(Recorder);
-    ASSERT_NE(CreateMainWindow("Quarnwick", 640, 480, true), 0u);
+    MessageQueueTest::SetUp();
     gameFrame.Fill(gameFrame.Bounds(), kGameColour);
     SetWindowSurface(&gameFrame);
     SetFileDialogBackdrop(&gameFrame);
@@ -208,7 +205,7 @@ class FileDialogTest : public ::testing::Test {
     WatchFileDialogs({});
     SetFileDialogBackdrop(nullptr);
     SetWindowSurface(nullptr);
-    InstallBackend(nullptr);
+    MessageQueueTest::TearDown();
     dataHome.reset();
   }
 
@@ -254,7 +251,6 @@ class FileDialogTest : public ::testing::Test {
   TempFolder root{"dialogs"};
   std::string saves;
   std::optional<ScopedEnv> dataHome;
-  HeadlessBackend backend;
   Surface gameFrame{640, 480};
   std::vector<FileDialogState> seen;
   std::vector<std::uint16_t> lastDialogFrame;
