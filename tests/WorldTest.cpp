@@ -35,17 +35,22 @@ namespace {
 
 class WorldTest : public ::testing::Test {
  protected:
-  void SetUp() override {
+  void SetUp() override { Start(HeadlessGame::Sound::Off); }
+  // A new game on the map, with or without a sound device, at the place of that row.
+  void Start(HeadlessGame::Sound sound, int place = 0) {
+    game.reset();
     thePlayer.StartNewGame();
-    game = std::make_unique<HeadlessGame>([] { return new WorldMapScreen(1, "MAP_MODE"); });
+    thePlayer.currentLocation = &locationTable[place];
+    game = std::make_unique<HeadlessGame>([] { return new WorldMapScreen(1, "MAP_MODE"); }, "-F", sound);
     map = static_cast<WorldMapScreen*>(currentScreen);
     game->RunFor(100);
   }
   void TearDown() override {
     game.reset();
     ResetGameRecord();
+    platform::SetDataRoot("");
   }
-  const char* Top() const { return currentScreen->GetName(); }
+  std::string Top() const { return currentScreen ? currentScreen->GetName() : ""; }
 
   std::unique_ptr<HeadlessGame> game;
   WorldMapScreen* map = nullptr;
@@ -69,37 +74,37 @@ TEST_F(WorldTest, ANewGameShowsFivePlacesAndTheHoverAndClickRules) {
   // A wild area becomes the current place and opens its maze.
   game->Click(320, 242);
   EXPECT_STREQ(thePlayer.currentLocation->name, "Genwood Forest");
-  EXPECT_STRNE(Top(), "MAP_MODE");
+  EXPECT_NE(Top(), "MAP_MODE");
 }
 
 TEST_F(WorldTest, FaintedPartiesStayOutOfTowersAndBeatenTowersStayShut) {
   thePlayer.party[0]->hitPoints = 0;
   game->Click(320, 140);
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(Top(), "MAP_MODE");
   EXPECT_STREQ(thePlayer.currentLocation->name, "Earth Wizard");
   thePlayer.party[0]->hitPoints = 3;
   thePlayer.wizardDefeated[0] = 1;
   game->Click(320, 140);
-  EXPECT_STREQ(Top(), "MAP_MODE") << "a beaten wizard's tower does not open";
+  EXPECT_EQ(Top(), "MAP_MODE") << "a beaten wizard's tower does not open";
   thePlayer.wizardDefeated[0] = 0;
   game->Click(320, 140);
-  EXPECT_STREQ(Top(), "TOWER MODE");
+  EXPECT_EQ(Top(), "TOWER MODE");
 }
 
 TEST_F(WorldTest, PartyBoxesOpenTheInformationScreenWhereARenameIsKept) {
   game->Key(platform::VK_UP);  // from "Options" up to the sixth box
   EXPECT_EQ(map->widgets.current->GetId(), 6u);
   game->Click(163, 420);  // slot 1 is empty
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(Top(), "MAP_MODE");
   game->Click(20, 420);  // Mookie's box
-  ASSERT_STREQ(Top(), "INSPECT_MODE");
+  ASSERT_EQ(Top(), "INSPECT_MODE");
   auto* info = static_cast<CreatureInfoScreen*>(currentScreen);
   EXPECT_STREQ(info->nameField->Caption(), "Mookie");
   EXPECT_NE(info->widgets.FindById(CreatureInfoScreen::kSwap), nullptr);
   game->Type("\b\b\b\b\b\bPuff");
   EXPECT_STREQ(info->nameField->Caption(), "Puff");
   game->Click(590, 355);  // EXIT
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(Top(), "MAP_MODE");
   EXPECT_STREQ(thePlayer.party[0]->name, "Puff");
 }
 
@@ -131,12 +136,12 @@ TEST_F(WorldTest, SwappingPlacesOnTheInformationScreen) {
 
 TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
   game->Click(320, 140);
-  ASSERT_STREQ(Top(), "TOWER MODE");
+  ASSERT_EQ(Top(), "TOWER MODE");
   auto* tower = static_cast<TowerScreen*>(currentScreen);
   EXPECT_STREQ(tower->Speech(), "I am the Wizard of Earth.  You have come to challenge me, for I know much about the "
                                 "land of Orlavene.  Very well, let's begin!");
   game->Key(platform::VK_RETURN);  // "Battle!"
-  ASSERT_STREQ(Top(), "COMBAT MODE");
+  ASSERT_EQ(Top(), "COMBAT MODE");
   auto* combat = static_cast<CombatMode*>(currentScreen);
   EXPECT_EQ(combat->opponentCount, 2);
   EXPECT_STREQ(combat->opponent->name, "Spiner");
@@ -146,7 +151,7 @@ TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
   ASSERT_EQ(combat->phase, kPhaseWaiting);
   game->backend.LeftClick(590, 357);
   game->RunFor(3000);
-  ASSERT_STREQ(Top(), "TOWER MODE");
+  ASSERT_EQ(Top(), "TOWER MODE");
   EXPECT_STREQ(tower->widgets.FindById(0)->Caption(), "Leave Tower");
   EXPECT_STREQ(tower->Speech(), "Hah! Come back when you have tougher Kindrels!");
   EXPECT_EQ(locationTable[10].open, 0);
@@ -161,7 +166,7 @@ TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
   EXPECT_EQ(locationTable[11].open, 0);
   EXPECT_EQ(std::string(tower->Speech()).rfind("You have defeated my Kindrels.", 0), 0u);
   game->Key(platform::VK_RETURN);  // "Leave Tower"
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(Top(), "MAP_MODE");
 
   // The map now shows the beaten tower with "Defeated" over it in red.
   game->RunFor(100);
@@ -175,27 +180,18 @@ TEST_F(WorldTest, ATowersTeamSharesLevelsBySpecies) {
   // The Ocean Wizard's two Achtwuo fight at the later one's level.
   game->Push(new TowerScreen(1, "TOWER MODE", 2));
   game->Key(platform::VK_RETURN);
-  ASSERT_STREQ(Top(), "COMBAT MODE");
+  ASSERT_EQ(Top(), "COMBAT MODE");
   EXPECT_EQ(speciesTable[11].encounterLevel, 8);
 }
 
 using Request = platform::HeadlessAudio::Request;
 
-class MazeTest : public ::testing::Test {
+// The map of the built game's data, in Genwood Forest.
+class MazeTest : public WorldTest {
  protected:
-  void SetUp() override { Start(HeadlessGame::Sound::Off); }
-  void Start(HeadlessGame::Sound sound) {
-    game.reset();
-    thePlayer.StartNewGame();
-    thePlayer.currentLocation = &locationTable[1];
+  void SetUp() override {
     platform::SetDataRoot(QUARNWICK_BUILD_DIR);
-    game = std::make_unique<HeadlessGame>([] { return new WorldMapScreen(1, "MAP_MODE"); }, "-F", sound);
-    game->RunFor(100);
-  }
-  void TearDown() override {
-    game.reset();
-    ResetGameRecord();
-    platform::SetDataRoot("");
+    Start(HeadlessGame::Sound::Off, 1);
   }
   // Pushes the maze of a test area above the map, as a click on a wild area does.
   MazeScreen* Enter(const char* area) {
@@ -227,7 +223,6 @@ class MazeTest : public ::testing::Test {
   }
   // Whether a count toward the next encounter is a fresh one.
   static bool Fresh(int steps) { return steps >= 15 && steps <= 24; }
-  std::string Top() const { return currentScreen ? currentScreen->GetName() : ""; }
   CombatMode* Combat() const { return dynamic_cast<CombatMode*>(currentScreen); }
   // Casts the first spell until the combat has gone.
   void FightToTheEnd() {
@@ -238,7 +233,6 @@ class MazeTest : public ::testing::Test {
     ASSERT_EQ(Combat(), nullptr);
   }
 
-  std::unique_ptr<HeadlessGame> game;
   std::string path;
 };
 
@@ -426,7 +420,7 @@ TEST_F(MazeTest, ExitsTheViewAndTheMouse) {
 }
 
 TEST_F(MazeTest, EnterShowsTheFirstKindrelWhileTheAmbientSoundPlaysOn) {
-  Start(HeadlessGame::Sound::On);
+  Start(HeadlessGame::Sound::On, 1);
   Enter("walk.dat");
   auto& audio = game->backend.AudioOutput();
   auto loopingPlays = [&] {
