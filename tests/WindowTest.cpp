@@ -285,12 +285,10 @@ TEST_F(FileDialogTest, SavesFolderIsMadeOnDemandWhereTheDesktopKeepsData) {
 }
 
 TEST_F(FileDialogTest, ListsTheReadableSavedGamesNewestFirst) {
-  MakeSave("old.gam", 3 * 86400);
-  MakeSave("newest.gam", 3600);
-  MakeSave("MIDDLE.GAM", 86400);
-  MakeSave("alpha.gam", 86400);  // as old as MIDDLE.GAM: by name, capitals first
-  MakeSave("notes.txt", 60);
-  MakeSave("gam", 60);
+  // alpha.gam is as old as MIDDLE.GAM: by name, capitals first.
+  for (const auto& [name, age] : {std::pair{"old.gam", 3 * 86400}, {"newest.gam", 3600}, {"MIDDLE.GAM", 86400},
+                                  {"alpha.gam", 86400}, {"notes.txt", 60}, {"gam", 60}})
+    MakeSave(name, age);
   fs::create_directories(fs::path(saves) / "folder.gam");
   const std::string locked = MakeSave("locked.gam", 60);
   ::chmod(locked.c_str(), 0);
@@ -308,9 +306,7 @@ TEST_F(FileDialogTest, ListsTheReadableSavedGamesNewestFirst) {
 }
 
 TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnterAndLeavesWithEscape) {
-  MakeSave("first.gam", 10);
-  MakeSave("second.gam", 20);
-  MakeSave("third.gam", 30);
+  for (int i = 0; const char* name : {"first.gam", "second.gam", "third.gam"}) MakeSave(name, 10 * ++i);
   EXPECT_EQ(Open({VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_RETURN}), In("second.gam"));
   EXPECT_EQ(seen.back().name, "second.gam") << "moving in the list fills the name field";
 
@@ -356,9 +352,7 @@ TEST_F(FileDialogTest, TypedNamesArePathsInTheSavesFolderOrAsGiven) {
 }
 
 TEST_F(FileDialogTest, MouseChoosesAFileThenOkOrWithADoubleClick) {
-  MakeSave("one.gam", 10);
-  MakeSave("two.gam", 20);
-  MakeSave("three.gam", 30);
+  for (int i = 0; const char* name : {"one.gam", "two.gam", "three.gam"}) MakeSave(name, 10 * ++i);
   ClickOn(layout.Row(1));
   ClickOn(layout.ok);
   EXPECT_EQ(Open(), In("two.gam"));
