@@ -33,24 +33,21 @@ TEST(CreatureGrowthTest, CreationFromSpeciesAndLevel) {
   EXPECT_STREQ(mookie->name, "Fleenu");
   EXPECT_EQ(mookie->species, &speciesTable[kFleenu]);
   EXPECT_EQ(State(*mookie), std::tuple(1, 0u, 3));
-  EXPECT_EQ(mookie->MaxHitPoints(), 3);
-  EXPECT_EQ(mookie->poisonDamage, 0);
+  EXPECT_EQ(std::pair(mookie->MaxHitPoints(), mookie->poisonDamage), std::pair(3, 0));
   for (float value : mookie->status) EXPECT_EQ(value, 0.0f);
-  EXPECT_STREQ(mookie->SpellInSlot(0).name, "Zap");
-  EXPECT_STREQ(mookie->SpellInSlot(1).name, "Hypnotize");
+  EXPECT_EQ((std::vector<std::string>{mookie->SpellInSlot(0).name, mookie->SpellInSlot(1).name}),
+            (std::vector<std::string>{"Zap", "Hypnotize"}));
   ASSERT_NE(mookie->picture, nullptr);
   EXPECT_STREQ(mookie->picture->fileName, "dat\\PUFFBALL.bmp");
 
   // Hit points grow with the level.
   const auto dragon = Kindrel::Create(kGradon, 7);
   ASSERT_NE(dragon, nullptr);
-  EXPECT_EQ(dragon->hitPoints, 70);
-  EXPECT_EQ(dragon->MaxHitPoints(), 70);
+  EXPECT_EQ(std::pair(dragon->hitPoints, dragon->MaxHitPoints()), std::pair(70, 70));
 
   // No species beyond the table, no level below 1.
-  EXPECT_EQ(Kindrel::Create(-1, 1), nullptr);
-  EXPECT_EQ(Kindrel::Create(kSpeciesCount, 1), nullptr);
-  EXPECT_EQ(Kindrel::Create(kBluberd, 0), nullptr);
+  for (const auto& [species, level] : {std::pair{-1, 1}, {kSpeciesCount, 1}, {kBluberd, 0}})
+    EXPECT_EQ(Kindrel::Create(species, level), nullptr) << species << " " << level;
 
   // Names are cut to 63 characters.
   mookie->SetName(std::string(100, 'k').c_str());
@@ -93,8 +90,7 @@ TEST(CreatureGrowthTest, ExperienceAndLevels) {
   b->hitPoints = 1;
   EXPECT_TRUE(b->AddExperience(0));
   EXPECT_EQ(State(*b), std::tuple(3, 109u, 6));
-  EXPECT_TRUE(b->AddExperience(0));
-  EXPECT_FALSE(b->AddExperience(0));
+  EXPECT_EQ((std::vector<bool>{b->AddExperience(0), b->AddExperience(0)}), (std::vector<bool>{true, false}));
   EXPECT_EQ(State(*b), std::tuple(4, 109u, 8));
 
   // A new level may teach a new spell.
