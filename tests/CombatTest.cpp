@@ -185,9 +185,9 @@ TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
   EXPECT_EQ(combatResult, 0);
   EXPECT_NE(std::find(messages.begin(), messages.end(), "You win this battle!"), messages.end());
   ASSERT_NE(thePlayer.party[1], nullptr);
-  EXPECT_STREQ(thePlayer.party[1]->name, "Bluberd");
-  EXPECT_EQ(thePlayer.party[1]->experience, 90u) << "10 x (level - 1)^2";
-  EXPECT_EQ(thePlayer.party[1]->hitPoints, 1) << "it keeps its hit points";
+  // Its experience is 10 x (level - 1)^2; it keeps its hit points.
+  const Kindrel& caught = *thePlayer.party[1];
+  EXPECT_EQ(std::tuple(std::string(caught.name), caught.experience, caught.hitPoints), std::tuple("Bluberd", 90u, 1));
   EXPECT_EQ(thePlayer.firstCatchDone, 1);
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f) << "status cleared when the combat ends";
 }

@@ -160,9 +160,8 @@ TEST(SoundMixer, AVoicePlaysOnceStopsAtItsStartAndRewindsWithoutStopping) {
   mixer.Play(voice, true);
   mixer.Remove(voice);
   EXPECT_EQ(mixer.VoiceCount(), 0u);
-  EXPECT_FALSE(mixer.Play(voice, true));
-  EXPECT_FALSE(mixer.Rewind(voice));
-  EXPECT_FALSE(mixer.IsPlaying(voice));
+  EXPECT_EQ((std::vector<bool>{mixer.Play(voice, true), mixer.Rewind(voice), mixer.IsPlaying(voice)}),
+            std::vector<bool>(3, false));
   EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{0, 0}));
 }
 
@@ -286,8 +285,7 @@ TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheSoundOver) {
   SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
   Requests();
   PlaySound(0, sound);
-  EXPECT_EQ(sound->volume, 400);
-  EXPECT_EQ(sound->playing, 1);
+  EXPECT_EQ(std::pair(sound->volume, sound->playing), std::pair(400, 1));
   PlaySound(0, sound);  // still playing: it starts over instead of layering
   Audio().Render(4, 22050);
   // At half the effects volume: 200 of 400, which is 20 dB down. Ended, it starts again.
@@ -318,8 +316,7 @@ TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheSoundOver) {
   effectsVolume = 50;
   sound->playing = 0;
   PlaySound(0, sound);
-  EXPECT_EQ(sound->volume, 200);
-  EXPECT_EQ(sound->playing, 0);
+  EXPECT_EQ(std::pair(sound->volume, sound->playing), std::pair(200, 0));
   FreeSound(sound);
   EXPECT_EQ(Requests(), (Calls{{Request::Release, 1, 0}}));
 }
