@@ -74,8 +74,7 @@ TEST_F(MenusTest, EnterAtOnceQuitsAndClicksBesideButtonsDoNothing) {
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
   game->backend.MouseMove(320, 425);  // back to "Quit to Desktop"
   game->Key(platform::VK_RETURN);
-  EXPECT_TRUE(game->application->Ended());
-  EXPECT_EQ(game->application->ExitCode(), 0);
+  EXPECT_EQ(std::pair(game->application->Ended(), game->application->ExitCode()), std::pair(true, 0));
 }
 
 TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {

@@ -111,8 +111,7 @@ TEST_F(SdlBackendTest, KeysArriveAsTheVirtualKeysOfAWindowsKeyboard) {
   // F12 ends the game.
   input::Key("F12", true);
   EXPECT_EQ(Sent(), (std::vector<Seen>{{WM_KEYDOWN, VK_F12, 1}}));
-  EXPECT_TRUE(application->Ended());
-  EXPECT_EQ(application->ExitCode(), 0);
+  EXPECT_EQ(std::pair(application->Ended(), application->ExitCode()), std::pair(true, 0));
 }
 
 TEST_F(SdlBackendTest, TextTheMouseAndTheWindowArriveAsTheirMessages) {
@@ -141,8 +140,7 @@ TEST_F(SdlBackendTest, TextTheMouseAndTheWindowArriveAsTheirMessages) {
   // The window's close button ends the game.
   input::Quit();
   Sent();
-  EXPECT_TRUE(application->Ended());
-  EXPECT_EQ(application->ExitCode(), 0);
+  EXPECT_EQ(std::pair(application->Ended(), application->ExitCode()), std::pair(true, 0));
 }
 
 TEST_F(SdlBackendTest, AltEnterTogglesFullScreenWhereThePointerIsScaledToTheFrame) {
@@ -211,8 +209,7 @@ TEST_F(SdlBackendTest, ThePadSpeaksInTheMessagesOfAMouseAndAKeyboard) {
   pad->SetButton(PadButton::Back, true);
   pad->SetButton(PadButton::Start, true);
   application->RunFor(200);
-  EXPECT_TRUE(application->Ended());
-  EXPECT_EQ(application->ExitCode(), 0);
+  EXPECT_EQ(std::pair(application->Ended(), application->ExitCode()), std::pair(true, 0));
 }
 
 }  // namespace

@@ -79,8 +79,7 @@ TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
     Start("A");
     Press('X');
     EXPECT_EQ(Boxes(game->backend), (std::vector<ShownBox>{{text, "Game Failure", false}}));
-    EXPECT_TRUE(game->application->Ended());
-    EXPECT_EQ(game->application->ExitCode(), 0);
+    EXPECT_EQ(std::pair(game->application->Ended(), game->application->ExitCode()), std::pair(true, 0));
     EXPECT_FALSE(game->backend.WindowOpen());
     if (state == kStateLeave) {
       EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
@@ -124,13 +123,11 @@ TEST_F(StackTest, ShortcutsWorkOnEveryScreen) {
   // The pointer follows the mouse although the screen ignores mouse moves.
   game->backend.MouseMove(123, 45);
   game->RunFor(50);
-  EXPECT_EQ(theMousePointer->x, 123);
-  EXPECT_EQ(theMousePointer->y, 45);
+  EXPECT_EQ(std::pair(theMousePointer->x, theMousePointer->y), std::pair(123, 45));
   EXPECT_EQ(platform::SendMessage(platform::kMainWindow, platform::WM_SETCURSOR, 0, 0), 1);
 
   Press(VK_F12);
-  EXPECT_TRUE(game->application->Ended());
-  EXPECT_EQ(game->application->ExitCode(), 0);
+  EXPECT_EQ(std::pair(game->application->Ended(), game->application->ExitCode()), std::pair(true, 0));
   EXPECT_EQ(log, (std::vector<std::string>{"A activate"})) << "the window's end leaves the screens to shutdown";
 }
 
@@ -219,14 +216,11 @@ TEST(CommandLineTest, SwitchesAndStrayWords) {
 
 TEST(ScreenObjectTest, EqualityAndNames) {
   ScreenObject a(7, "MAP_MODE"), b(7, "MAP_MODE"), c(8, "MAP_MODE"), d(7, "map_mode");
-  EXPECT_EQ(a.IsEqual(b), 1);
-  EXPECT_EQ(a.IsDifferent(b), 0);
-  EXPECT_EQ(a.IsEqual(c), 0);
-  EXPECT_EQ(a.IsEqual(d), 0);
-  EXPECT_EQ(a.IsDifferent(d), 1);
   ScreenObject empty1(3, ""), empty2(3, nullptr);
-  EXPECT_EQ(empty1.IsEqual(empty2), 0);
-  EXPECT_EQ(empty1.IsEqual(empty1), 0);
+  // The same id and name, a different id, a name in other letter case; empty names never match.
+  EXPECT_EQ((std::vector{a.IsEqual(b), a.IsDifferent(b), a.IsEqual(c), a.IsEqual(d), a.IsDifferent(d),
+                         empty1.IsEqual(empty2), empty1.IsEqual(empty1)}),
+            (std::vector{1, 0, 0, 0, 1, 0, 0}));
 
   const std::string longName(300, 'x');
   ScreenObject longOne(1, longName.c_str());
