@@ -252,8 +252,7 @@ TEST_F(MazeTest, OnlyRealStepsCountAndTheFirstEncounterComesAfterFifteenToTwenty
   game->backend.KeyPress(kRight);
   game->backend.KeyPress(kUp);
   game->RunFor(300);
-  EXPECT_EQ(maze->playerCell, (MazeCell{6, 7}));
-  EXPECT_EQ(maze->facing, 0);
+  EXPECT_EQ(std::pair(maze->playerCell, maze->facing), std::pair(MazeCell{6, 7}, 0));
   Keys({kUp, kLeft});  // (5, 7), then a wall
   EXPECT_EQ(maze->playerCell, (MazeCell{5, 7}));
   EXPECT_EQ(maze->previousCell, (MazeCell{6, 7}));
@@ -306,8 +305,7 @@ TEST_F(MazeTest, EncountersDrawFromTheLastAreaAndOutsideEveryAreaTheCountRestart
     maze->StepRequest(dx, dy, 0);
     auto* combat = dynamic_cast<CombatMode*>(pendingScreen);
     EXPECT_NE(combat, nullptr);
-    EXPECT_EQ(maze->playerCell, from);
-    EXPECT_EQ(maze->walking, 0);
+    EXPECT_EQ(std::pair(maze->playerCell, maze->walking), std::pair(from, 0));
     const std::pair<int, int> met{combat ? combat->opponent->species->index : -1, combat ? combat->opponent->level : -1};
     delete pendingScreen;
     pendingScreen = nullptr;
@@ -334,8 +332,7 @@ TEST_F(MazeTest, AWonCombatKeepsTheWalkAndALostOneEndsIt) {
   Keys({kUp});  // into a
   ASSERT_EQ(Top(), "COMBAT MODE");
   FightToTheEnd();
-  EXPECT_EQ(combatResult, 0);
-  EXPECT_EQ(Top(), "MAZE MODE");
+  EXPECT_EQ(std::pair(combatResult, Top()), std::pair(0, std::string("MAZE MODE")));
   EXPECT_EQ(maze->playerCell, (MazeCell{5, 4}));
 
   thePlayer.party[0] = Kindrel::Create(4, 1);
@@ -344,8 +341,7 @@ TEST_F(MazeTest, AWonCombatKeepsTheWalkAndALostOneEndsIt) {
   Keys({kRight});  // into b: a level-5 Buttaree
   ASSERT_EQ(Top(), "COMBAT MODE");
   FightToTheEnd();
-  EXPECT_EQ(combatResult, 1);
-  EXPECT_EQ(Top(), "MAP_MODE");
+  EXPECT_EQ(std::pair(combatResult, Top()), std::pair(1, std::string("MAP_MODE")));
 }
 
 TEST_F(MazeTest, EventsShowTheirTextsLockTheirCellsAndGiveTheirItems) {
@@ -399,8 +395,7 @@ TEST_F(MazeTest, ExitsTheViewAndTheMouse) {
   game->RunFor(2500);
   game->backend.Queue(platform::WM_LBUTTONUP, 0, point);
   game->RunFor(300);
-  EXPECT_EQ(maze->playerCell, (MazeCell{1, 7}));
-  EXPECT_EQ(maze->facing, 2);
+  EXPECT_EQ(std::pair(maze->playerCell, maze->facing), std::pair(MazeCell{1, 7}, 2));
   EXPECT_EQ(Origin(maze), (std::pair{(7 - 1) * 54 + 320, 240 - 8 * 14}));
 
   // A right-button drag moves the whole maze with the pointer; the next step far off the
