@@ -247,6 +247,12 @@ class MarketScreenTest : public PlaceScreenFixture {
     thePlayer.party[slot]->SetName(name);
     return thePlayer.party[slot].get();
   }
+  // The Kindrels of the party's slots.
+  std::vector<Kindrel*> Party() const {
+    std::vector<Kindrel*> slots;
+    for (const auto& k : thePlayer.party) slots.push_back(k.get());
+    return slots;
+  }
   bool ShowsPrompt() { return ShowsText("Choose a Kindrel you want to give away.", kTextBox, {0, 0, 640, 335}); }
   // The question's text line, and the chosen Kindrel's picture below it.
   bool ShowsQuestion(const std::string& name) {
@@ -263,8 +269,9 @@ class MarketScreenTest : public PlaceScreenFixture {
 
 TEST_F(MarketScreenTest, TheQuestionAndGivingAwayButNeverTheLastKindrelNorWithoutAChoice) {
   Kindrel* mookie = Put(0, "Mookie");
-  Put(1, "Puff");
+  Kindrel* puff = Put(1, "Puff");
   Kindrel* nimbus = Put(2, "Nimbus");
+  using Slots = std::vector<Kindrel*>;
   Visit();
   EXPECT_TRUE(ShowsPrompt());
   EXPECT_FALSE(ShowsPicture());
@@ -274,17 +281,14 @@ TEST_F(MarketScreenTest, TheQuestionAndGivingAwayButNeverTheLastKindrelNorWithou
   Key(platform::VK_SPACE);
   ClickGiveAway();
   RightClick(kGiveAwayButton.left, kGiveAwayButton.top);
-  EXPECT_EQ(thePlayer.PartyCount(), 3);
+  EXPECT_EQ(Party(), (Slots{mookie, puff, nimbus, nullptr, nullptr, nullptr}));
   EXPECT_TRUE(ShowsPrompt());
 
   ClickBox(1);
   EXPECT_TRUE(ShowsQuestion("Puff"));
   EXPECT_EQ(thePlayer.party[1]->hitPoints, Kindrel::Create(kFleenu, 3)->hitPoints) << "asking takes nothing";
   ClickGiveAway();
-  EXPECT_EQ(thePlayer.party[1], nullptr) << "Puff is gone";
-  EXPECT_EQ(thePlayer.party[0].get(), mookie);
-  EXPECT_EQ(thePlayer.party[2].get(), nimbus) << "the others keep their places";
-  EXPECT_EQ(thePlayer.PartyCount(), 2);
+  EXPECT_EQ(Party(), (Slots{mookie, nullptr, nimbus, nullptr, nullptr, nullptr})) << "Puff is gone, the others stay";
   EXPECT_TRUE(ShowsPrompt()) << "the chosen slot is empty now";
   ClickGiveAway();
   EXPECT_EQ(thePlayer.PartyCount(), 2) << "giving away the empty slot again does nothing";
@@ -293,8 +297,7 @@ TEST_F(MarketScreenTest, TheQuestionAndGivingAwayButNeverTheLastKindrelNorWithou
   ClickBox(0);
   EXPECT_TRUE(ShowsQuestion("Mookie"));
   ClickGiveAway();
-  EXPECT_EQ(thePlayer.party[0], nullptr);
-  EXPECT_EQ(thePlayer.party[2].get(), nimbus);
+  EXPECT_EQ(Party(), (Slots{nullptr, nullptr, nimbus, nullptr, nullptr, nullptr}));
 
   // The last Kindrel stays, and so does the question; by mouse and by keys.
   ClickBox(2);
