@@ -83,12 +83,9 @@ TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {
   ASSERT_STREQ(Top(), "DIFF_MODE");
   auto* options = static_cast<OptionsScreen*>(currentScreen);
   EXPECT_EQ(options->buttons.current->GetId(), OptionsScreen::kContinue);
-  game->Click(320, 355);
-  game->Click(320, 355);
-  game->Click(320, 355);
+  for (int i = 0; i < 3; ++i) game->Click(320, 355);
   EXPECT_EQ(thePlayer.difficulty, kNormal) << "three steps forward come round again";
-  game->RightClick(320, 355);
-  game->RightClick(320, 355);
+  for (int i = 0; i < 2; ++i) game->RightClick(320, 355);
   EXPECT_EQ(thePlayer.difficulty, kHard) << "backward from EASY gives HARD";
   EXPECT_STREQ(options->buttons.FindById(OptionsScreen::kDifficulty)->Caption(), "Difficulty: HARD");
   thePlayer.textSpeed = 10;
@@ -117,8 +114,8 @@ TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {
   for (int i = 3; i < 6; ++i) EXPECT_EQ(lines[i].back(), '.') << lines[i];
   game->Click(320, 380);
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
-  EXPECT_EQ(TuneStarts(), 1);
-  EXPECT_EQ(game->backend.AudioOutput().LiveBuffers(), 2) << "the click and the one tune";
+  EXPECT_EQ(std::pair(TuneStarts(), game->backend.AudioOutput().LiveBuffers()), std::pair(1, 2))
+      << "the one tune; the click and the tune live";
 }
 
 TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
@@ -126,9 +123,8 @@ TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
   thePlayer.textSpeed = 9;
   game->Click(320, 295);
   ASSERT_STREQ(Top(), "MAP_MODE");
-  EXPECT_EQ(thePlayer.difficulty, kEasy);
-  EXPECT_EQ(thePlayer.textSpeed, 9);
-  EXPECT_EQ(thePlayer.PartyCount(), 1) << "Mookie";
+  EXPECT_EQ(std::tuple(thePlayer.difficulty, thePlayer.textSpeed, thePlayer.PartyCount()), std::tuple(kEasy, 9, 1))
+      << "the options, and Mookie";
 
   // Options on the map, then Quit Game: back through the map to the menu.
   game->Key(platform::VK_RETURN);
