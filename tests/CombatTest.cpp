@@ -94,16 +94,14 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
 TEST_F(CombatTest, InputDuringMessagesAndTheButtons) {
   thePlayer.textSpeed = 10;
   Fight({{kBluberd, 1}});
-  EXPECT_EQ(textDelay, 15);
-  EXPECT_EQ(combat->countdownLength, 30) << "the opening message lasts twice the text delay";
+  EXPECT_EQ(std::pair(textDelay, combat->countdownLength), std::pair(15, 30)) << "the opening lasts twice the delay";
   // A click during a message ends it at the next tick; a key only plays the refusal.
   game->backend.KeyPress(platform::VK_RETURN);
   game->RunFor(100);
   EXPECT_EQ(combat->phase, kPhaseOpening);
   Click(10, 10);
   game->RunFor(40);
-  EXPECT_EQ(combat->phase, kPhaseWaiting);
-  EXPECT_EQ(combat->message, "Choose a spell.");
+  EXPECT_EQ(std::tuple(combat->phase, combat->message), std::tuple(kPhaseWaiting, "Choose a spell."));
 
   // Two known spells, two buttons (the other tests click them where they stand).
   ASSERT_NE(combat->widgets.FindById(kFirstSpellButton + 1), nullptr);
@@ -120,12 +118,10 @@ TEST_F(CombatTest, ChangingCreatures) {
   Click(580, 330);  // Change
   EXPECT_EQ(combat->message, "Choose another Kindrel!");
   Click(150, 420);  // the empty box of slot 1: the change ends without a word
-  EXPECT_EQ(combat->choosingReplacement, 0);
-  EXPECT_EQ(combat->activeSlot, 0);
+  EXPECT_EQ(std::pair(combat->choosingReplacement, combat->activeSlot), std::pair(0, 0));
   Click(580, 330);
   Click(260, 420);  // slot 2
-  EXPECT_EQ(combat->activeSlot, 2);
-  EXPECT_EQ(combat->message, "Gradon enters the battle!");
+  EXPECT_EQ(std::tuple(combat->activeSlot, combat->message), std::tuple(2, "Gradon enters the battle!"));
   EXPECT_STREQ(combat->widgets.FindById(kFirstSpellButton)->Caption(), "Mega Zap");
   EXPECT_EQ(combat->phase, kPhaseWaiting) << "the player still chooses a spell";
 
@@ -140,8 +136,7 @@ TEST_F(CombatTest, ChangingCreatures) {
   combat->opponent->status[Speed] = 50;  // the Bluberd acts first
   CastSpell(0);
   ASSERT_TRUE(RunUntil([&] { return combat->activeSlot == 0; }));
-  EXPECT_EQ(combat->message, "Mookie is now battling the Bluberd!");
-  EXPECT_EQ(combat->phase, kPhaseOpening);
+  EXPECT_EQ(std::tuple(combat->message, combat->phase), std::tuple("Mookie is now battling the Bluberd!", kPhaseOpening));
 }
 
 TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
@@ -167,8 +162,7 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
 
   // Retreat leaves at once; the boost ends with the combat.
   Click(580, 355);
-  EXPECT_EQ(currentScreen, below);
-  EXPECT_EQ(combatResult, 2);
+  EXPECT_EQ(std::tuple(currentScreen, combatResult), std::tuple(static_cast<GameMode*>(below), 2));
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f);
 }
 
@@ -219,9 +213,9 @@ TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
                                              "Mookie is now level 2!", "The Bluberd retreats!",
                                              "Mookie is battling a Fleenu!", "Choose a spell."};
   EXPECT_EQ(messages, expected);
-  EXPECT_EQ(thePlayer.party[0]->level, 2);
-  EXPECT_EQ(thePlayer.party[0]->experience, 14u) << "9 and the award of 5 for a level-1 opponent";
-  EXPECT_EQ(thePlayer.party[0]->hitPoints, 6) << "a new level heals";
+  // Experience 9 and the award of 5 for a level-1 opponent; a new level heals.
+  const Kindrel& mookie = *thePlayer.party[0];
+  EXPECT_EQ(std::tuple(mookie.level, mookie.experience, mookie.hitPoints), std::tuple(2, 14u, 6));
   EXPECT_EQ(combat->opponentOffsetX, 0.0f) << "the new opponent stands in its place";
 }
 
