@@ -371,8 +371,7 @@ std::string TestArea(const char* name) {
 
 TEST(AreaFileTest, TheWorkedExampleReadsAsTheGrammarSays) {
   ReadFile file(TestArea("worked.dat"));
-  EXPECT_EQ(file.width, 7);
-  EXPECT_EQ(file.height, 5);
+  EXPECT_EQ(std::tuple(file.width, file.height), std::tuple(7, 5));
   EXPECT_EQ(file.Start(), (std::vector<int>{true, 3, 4}));
   EXPECT_EQ(file.Entries(), (std::vector<std::string>{
                                 "EVENT B at 5,1 needs 'Golden Key' or says 'The gate is locked.', says 'The gate swings "
@@ -387,8 +386,7 @@ TEST(AreaFileTest, KeywordsCommentsRowsAndAreasOfEveryShape) {
   ReadFile file(TestArea("quirks.dat"));
   // Six ROW lines in four spellings; the last gives the width. A longer row is cut at it,
   // a shorter one leaves walls.
-  EXPECT_EQ(file.width, 10);
-  EXPECT_EQ(file.height, 6);
+  EXPECT_EQ(std::tuple(file.width, file.height), std::tuple(10, 6));
   EXPECT_EQ(file.Row(1), "1EEE0b2x29");
   EXPECT_EQ(file.Row(2), "1c0b000111");
   EXPECT_EQ(file.Row(5), "1111d11111");
@@ -426,8 +424,7 @@ TEST(AreaFileTest, ReadsAreBoundedAndALastLineWithoutItsEndLosesACharacter) {
 
   // A line longer than one read goes on as a line of its own, which here is no keyword.
   ReadFile longRow("ROW " + std::string(3000, '0') + "2\n");
-  EXPECT_EQ(longRow.height, 1);
-  EXPECT_EQ(longRow.width, 2046 - 4 - 1);
+  EXPECT_EQ(std::tuple(longRow.width, longRow.height), std::tuple(2046 - 4 - 1, 1));
 
   // Texts are cut to their fields; a NUL ends what is seen of a line.
   ReadFile texts("EVENT A\nNEEDS " + std::string(1500, 'k') + "\nGIVES Flute" + std::string(1, '\0') +

@@ -279,8 +279,7 @@ TEST_F(FileDialogTest, SavesFolderIsMadeOnDemandWhereTheDesktopKeepsData) {
   EXPECT_EQ(SavesFolder(), "");
   for (const char* path : {"/elsewhere/my-game", "bare"}) {
     EXPECT_EQ(Save({VK_RETURN}, path), path);
-    EXPECT_TRUE(seen.back().files.empty());
-    EXPECT_EQ(seen.back().folder, "");
+    EXPECT_EQ(std::tuple(seen.back().files.size(), seen.back().folder), std::tuple(0u, ""));
   }
 }
 
@@ -296,13 +295,11 @@ TEST_F(FileDialogTest, ListsTheReadableSavedGamesNewestFirst) {
 
   EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
   ASSERT_FALSE(seen.empty()) << "the dialog showed itself";
-  EXPECT_EQ(seen.back().title, "Load Game");
-  EXPECT_EQ(seen.back().folder, saves);
+  EXPECT_EQ(std::tuple(seen.back().title, seen.back().folder), std::tuple("Load Game", saves));
   std::vector<std::string> expected{"newest.gam", "MIDDLE.GAM", "alpha.gam", "old.gam"};
   if (!lockedIsUnreadable) expected.insert(expected.begin(), "locked.gam");
   EXPECT_EQ(ListedNames(), expected);
-  EXPECT_EQ(seen.back().selected, -1) << "nothing is chosen before the player chooses";
-  EXPECT_EQ(seen.back().name, "");
+  EXPECT_EQ(std::tuple(seen.back().selected, seen.back().name), std::tuple(-1, "")) << "nothing chosen yet";
 }
 
 TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnterAndLeavesWithEscape) {
@@ -411,8 +408,7 @@ TEST_F(FileDialogTest, ManyFilesScrollWithKeysArrowsAndTheBar) {
   ClickOn(layout.scrollDown);
   ClickOn(layout.scrollDown, 600);
   Open({VK_ESCAPE});
-  EXPECT_EQ(seen.back().firstRow, 2);
-  EXPECT_EQ(seen.back().selected, -1);
+  EXPECT_EQ(std::tuple(seen.back().firstRow, seen.back().selected), std::tuple(2, -1));
   backend.LeftClick(layout.scrollDown.left + 5, layout.track.bottom - 3);
   ClickOn(layout.scrollUp, 600);
   // A click on the first row now chooses the file shown there.
@@ -478,8 +474,8 @@ TEST_F(FileDialogTest, ModalTheWindowGetsItsTimersAndPaintsButNoInput) {
   EXPECT_GE(timers, 30) << "timer messages keep coming while the dialog is up";
   EXPECT_EQ(paints, 1);
   EXPECT_EQ(seen.front().name, "") << "the space of the opening key is not typed";
-  EXPECT_TRUE(seen.front().pointerKnown) << "the release of the opening click tells where the pointer is";
-  EXPECT_EQ(seen.front().pointerX, 300);
+  EXPECT_EQ(std::tuple(seen.front().pointerKnown, seen.front().pointerX), std::tuple(true, 300))
+      << "the release of the opening click tells where the pointer is";
   // The cursor blinked meanwhile.
   bool on = false, off = false;
   for (const FileDialogState& state : seen) (state.cursorShown ? on : off) = true;
