@@ -125,8 +125,7 @@ class PlaceTest : public PlaceScreenFixture, public ::testing::WithParamInterfac
 TEST_P(PlaceTest, EveryVisitIsGreetedAndLeftWithAClick) {
   const Place& p = GetParam();
   Visit();
-  EXPECT_EQ(Plays(kFanfare), 1) << "the fanfare greets the visit";
-  EXPECT_EQ(Lit(), p.lit);
+  EXPECT_EQ(std::tuple(Plays(kFanfare), Lit()), std::tuple(1, p.lit)) << "the fanfare greets the visit";
   Key(platform::VK_DOWN);
   EXPECT_NE(Lit(), p.lit);
   Key(platform::VK_UP);
@@ -139,21 +138,19 @@ TEST_P(PlaceTest, EveryVisitIsGreetedAndLeftWithAClick) {
   ClickBox(4);
   Key(platform::VK_RETURN);
   EXPECT_TRUE(AtPlace());
-  EXPECT_EQ(Lit(), p.firstBox + 4);
-  EXPECT_EQ(Plays(kClickSamples), 0);
+  EXPECT_EQ(std::tuple(Lit(), Plays(kClickSamples)), std::tuple(p.firstBox + 4, 0));
   RightClick(p.leaveButton.right, p.leaveButton.bottom);
   EXPECT_EQ(currentScreen, below) << "right-clicking the corner of the leave button";
-  EXPECT_EQ(Plays(kClickSamples), 1);
-  EXPECT_EQ(game->backend.AudioOutput().LiveBuffers(), 1) << "the fanfare is freed with the screen; the click stays";
+  // The fanfare is freed with the screen; the click stays.
+  EXPECT_EQ(std::tuple(Plays(kClickSamples), game->backend.AudioOutput().LiveBuffers()), std::tuple(1, 1));
 
   // Each visit has its own fanfare; the keys light the leave button and Space takes it.
   Visit();
   EXPECT_EQ(Plays(kFanfare), 2);
   for (int i = 0; i < 8 && Lit() != p.leave; ++i) Key(platform::VK_UP);
   Key(platform::VK_SPACE);
-  EXPECT_EQ(currentScreen, below);
-  EXPECT_EQ(Plays(kClickSamples), 2);
-  EXPECT_EQ(below->state, kStateNone);
+  EXPECT_EQ(std::tuple(currentScreen, Plays(kClickSamples), below->state),
+            std::tuple(static_cast<GameMode*>(below), 2, std::int32_t{kStateNone}));
   EXPECT_EQ(log, (std::vector<std::string>{"MAP activate", "MAP deactivate", "MAP activate", "MAP deactivate",
                                            "MAP activate"}));
 }
@@ -220,13 +217,11 @@ TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisitAndSaysSo) {
   ASSERT_TRUE(AtPlace());
   Click(320, 360);
   ASSERT_EQ(currentScreen, below);
-  EXPECT_EQ(weary.hitPoints, 2);
-  EXPECT_EQ(weary.status[Poisoned], -1.0f);
+  EXPECT_EQ(std::tuple(weary.hitPoints, weary.status[Poisoned]), std::tuple(2, -1.0f));
 
   // The next visit is another night.
   Visit();
-  EXPECT_EQ(weary.hitPoints, FullHitPoints(weary));
-  EXPECT_EQ(weary.status[Poisoned], 0.0f);
+  EXPECT_EQ(std::tuple(weary.hitPoints, weary.status[Poisoned]), std::tuple(FullHitPoints(weary), 0.0f));
 }
 
 // The market: the prompt, the question with the chosen Kindrel, and giving away (never the
@@ -383,8 +378,8 @@ TEST_F(TempleScreenTest, LearnMoreMovesOnAtOnceAndTheNextVisitGoesOnFromThere) {
   EXPECT_TRUE(Shows(kSecond));
   Key(platform::VK_SPACE);
   EXPECT_TRUE(Shows(kThird));
-  EXPECT_EQ(Plays(kClickSamples), 1) << "Learn More is silent: only the first visit's Exit clicked";
-  EXPECT_EQ(Plays(kFanfareSamples), 2) << "and plays no fanfare either";
+  // Learn More is silent (only the first visit's Exit clicked) and plays no fanfare either.
+  EXPECT_EQ(std::tuple(Plays(kClickSamples), Plays(kFanfareSamples)), std::tuple(1, 2));
 
   // Moving the light, or a look at a Kindrel's page and back, reads nothing.
   Key(platform::VK_UP);
