@@ -231,24 +231,20 @@ class SoundEffectTest : public ::testing::Test {
 };
 
 TEST_F(SoundEffectTest, TheOutputIsTheBackendsDeviceAndWithoutOneTheGameIsSilent) {
-  EXPECT_EQ(soundOutput, backend.Audio());
-  EXPECT_TRUE(Audio().IsOpen());
+  EXPECT_EQ(std::tuple(soundOutput, Audio().IsOpen()), std::tuple(backend.Audio(), true));
   EXPECT_EQ(LoadSound(0, nullptr), nullptr);
   CloseSoundOutput();
-  EXPECT_EQ(soundOutput, nullptr);
-  EXPECT_FALSE(Audio().IsOpen());
+  EXPECT_EQ(std::tuple(soundOutput, Audio().IsOpen()), std::tuple(nullptr, false));
 
   // Without a device, or with one that does not open, nothing loads and nobody is told.
   backend.SetAudioPresent(false);
   OpenSoundOutput(0);
-  EXPECT_EQ(soundOutput, nullptr);
-  EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
-  EXPECT_EQ(LoadSound(0, "dat\\missing.wav"), nullptr);
+  EXPECT_EQ(std::tuple(soundOutput, LoadSound(0, "dat\\tone.wav"), LoadSound(0, "dat\\missing.wav")),
+            std::tuple(nullptr, nullptr, nullptr));
   backend.SetAudioPresent(true);
   Audio().FailOpen(true);
   OpenSoundOutput(0);
-  EXPECT_EQ(soundOutput, nullptr);
-  EXPECT_EQ(LoadSound(0, "dat\\tone.wav"), nullptr);
+  EXPECT_EQ(std::tuple(soundOutput, LoadSound(0, "dat\\tone.wav")), std::tuple(nullptr, nullptr));
   PlaySound(0, nullptr);
   FreeSound(nullptr);
   EXPECT_TRUE(backend.MessageBoxes().empty());
