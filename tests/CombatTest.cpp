@@ -136,7 +136,8 @@ TEST_F(CombatTest, ChangingCreatures) {
   combat->opponent->status[Speed] = 50;  // the Bluberd acts first
   CastSpell(0);
   ASSERT_TRUE(RunUntil([&] { return combat->activeSlot == 0; }));
-  EXPECT_EQ(std::tuple(combat->message, combat->phase), std::tuple("Mookie is now battling the Bluberd!", kPhaseOpening));
+  EXPECT_EQ(std::tuple(combat->message, combat->phase),
+            std::tuple("Mookie is now battling the Bluberd!", kPhaseOpening));
 }
 
 TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {

@@ -60,24 +60,20 @@ TEST_F(DrawingTest, PicturesAreClippedToTheClipRectangle) {
   Numbered(picture, 100, 60);
   // Centred at (10, 10): the lower-right part from source (40, 20) lands at (0, 0).
   EXPECT_EQ(picture.DrawOpaque(10, 10, 0), 0);
-  EXPECT_EQ(target->At(0, 0), Numbering(40, 20));
-  EXPECT_EQ(target->At(59, 39), Numbering(99, 59));
-  EXPECT_EQ(target->At(60, 0), 0);
-  EXPECT_EQ(Changed(), 60 * 40);
+  EXPECT_EQ(std::tuple(target->At(0, 0), target->At(59, 39), target->At(60, 0), Changed()),
+            std::tuple(Numbering(40, 20), Numbering(99, 59), 0, 60 * 40));
 
   // At the right edge only the left 40 columns show.
   theDisplay->ClearScreen(0, 0, 0);
   EXPECT_EQ(picture.DrawOpaque(600, 0, 1), 0);
-  EXPECT_EQ(target->At(600, 0), Numbering(0, 0));
-  EXPECT_EQ(target->At(639, 59), Numbering(39, 59));
-  EXPECT_EQ(Changed(), 40 * 60);
+  EXPECT_EQ(std::tuple(target->At(600, 0), target->At(639, 59), Changed()),
+            std::tuple(Numbering(0, 0), Numbering(39, 59), 40 * 60));
 
   // A smaller clip rectangle; wholly outside draws nothing.
   theDisplay->ClearScreen(0, 0, 0);
   theDisplay->ClipRect = {100, 100, 150, 120};
   EXPECT_EQ(picture.DrawOpaque(90, 95, 1), 0);
-  EXPECT_EQ(target->At(100, 100), Numbering(10, 5));
-  EXPECT_EQ(Changed(), 50 * 20);
+  EXPECT_EQ(std::tuple(target->At(100, 100), Changed()), std::tuple(Numbering(10, 5), 50 * 20));
   theDisplay->ClearScreen(0, 0, 0);
   EXPECT_EQ(picture.DrawOpaque(300, 300, 1), 0);
   EXPECT_EQ(picture.DrawOpaque(-100, 100, 1), 0);
@@ -140,8 +136,8 @@ TEST_F(DrawingTest, LostSurfacesComeBackFromTheirFiles) {
   EXPECT_FALSE(target->IsLost());
   theDisplay->ClearScreen(0, 0, 0);
   EXPECT_EQ(card.DrawOpaque(0, 0, 1), 0);
-  EXPECT_EQ(target->At(0, 0), platform::Rgb565(255, 0, 0));
-  EXPECT_EQ(target->At(4, 2), platform::Rgb565(255, 255, 0));
+  EXPECT_EQ(std::tuple(target->At(0, 0), target->At(4, 2)),
+            std::tuple(platform::Rgb565(255, 0, 0), platform::Rgb565(255, 255, 0)));
 }
 
 TEST_F(DrawingTest, TextIsAlignedWrappedAndClipped) {
@@ -392,8 +388,7 @@ TEST_F(EffectsTest, PointerPutsBackWhatItCovered) {
   EXPECT_EQ(back->At(635, 475), frame[475 * back->Pitch() + 635]) << "the key shows the frame";
   EXPECT_EQ(back->At(0, 0), frame[0]) << "the old place is restored";
   pointer.MoveTo(-1, -1);
-  EXPECT_EQ(pointer.x, 630);
-  EXPECT_EQ(back->At(639, 479), 0xFFFF);
+  EXPECT_EQ(std::tuple(pointer.x, back->At(639, 479)), std::tuple(630, 0xFFFF));
   pointer.Show(0);
   EXPECT_TRUE(std::equal(frame.begin(), frame.end(), back->Pixels())) << "hiding restores exactly the frame";
   EXPECT_EQ(pointer.visible, 0);

@@ -9,6 +9,7 @@
 // topics, and the lessons the game ships, which must each fit the temple's text box).
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <set>
 #include <sstream>
@@ -205,8 +206,8 @@ TEST_F(WaveReaderTest, GoodFilesGiveTheirFormatAndEveryByteOfData) {
     ASSERT_EQ(Load(Riff(c.chunks)), 0);
     ASSERT_NE(format, nullptr);
     EXPECT_EQ(*format, c.format);
-    for (const Chunk& chunk : c.chunks)
-      if (chunk.id == "data") EXPECT_EQ(Data(), chunk.body);
+    const auto chunk = std::find_if(c.chunks.begin(), c.chunks.end(), [](const Chunk& k) { return k.id == "data"; });
+    EXPECT_EQ(Data(), chunk->body);
   }
 }
 
@@ -374,8 +375,8 @@ TEST(AreaFileTest, TheWorkedExampleReadsAsTheGrammarSays) {
   EXPECT_EQ(std::tuple(file.width, file.height), std::tuple(7, 5));
   EXPECT_EQ(file.Start(), (std::vector<int>{true, 3, 4}));
   EXPECT_EQ(file.Entries(), (std::vector<std::string>{
-                                "EVENT B at 5,1 needs 'Golden Key' or says 'The gate is locked.', says 'The gate swings "
-                                "open.', gives 'Silver Flute'",
+                                "EVENT B at 5,1 needs 'Golden Key' or says 'The gate is locked.', says 'The gate "
+                                "swings open.', gives 'Silver Flute'",
                                 "AREA a 1,1 to 3,2, species 0 to 6, levels 1 to 3"}));
   EXPECT_EQ(file.Values(), "dat\\wall.bmp dat\\floor.bmp dat\\comback-scar-for.bmp 160 300 480 300");
   for (std::uint8_t flag : file.grid.visible) EXPECT_EQ(flag, 1);

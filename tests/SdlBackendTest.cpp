@@ -177,7 +177,8 @@ TEST_F(SdlBackendTest, ThePadSpeaksInTheMessagesOfAMouseAndAKeyboard) {
   EXPECT_EQ(Sent(), (std::vector<Seen>{{WM_LBUTTONUP, 0, middle}}));
   Press(PadButton::B);
   EXPECT_EQ(Sent(), (std::vector<Seen>{{WM_RBUTTONDOWN, MK_RBUTTON, middle}, {WM_RBUTTONUP, 0, middle}}));
-  for (const auto& [button, vk] : {std::pair{PadButton::X, VK_RETURN}, {PadButton::Start, VK_RETURN}, {PadButton::Y, VK_SPACE}}) {
+  for (const auto& [button, vk] :
+       {std::pair{PadButton::X, VK_RETURN}, {PadButton::Start, VK_RETURN}, {PadButton::Y, VK_SPACE}}) {
     Press(button);
     EXPECT_EQ(Sent(), (std::vector<Seen>{{WM_KEYDOWN, vk, 1}, {WM_CHAR, vk, 1}, {WM_KEYUP, vk, 0xC0000001}}));
   }

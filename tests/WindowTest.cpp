@@ -176,7 +176,9 @@ struct ScopedEnv {
     Set(value);
   }
   ~ScopedEnv() { Set(before); }
-  void Set(const std::optional<std::string>& value) { value ? setenv(key.c_str(), value->c_str(), 1) : unsetenv(key.c_str()); }
+  void Set(const std::optional<std::string>& value) {
+    value ? setenv(key.c_str(), value->c_str(), 1) : unsetenv(key.c_str());
+  }
   std::string key;
   std::optional<std::string> before;
 };
@@ -231,7 +233,8 @@ class FileDialogTest : public MessageQueueTest {
   }
   void ClickOn(const Rect& r, std::uint32_t delayMs = 0) { backend.LeftClick(Middle(r).left, Middle(r).top, delayMs); }
   // Types the text and presses the keys, then runs the dialog, which meets them as they come.
-  std::optional<std::string> Run(FileDialogKind kind, std::initializer_list<std::uint32_t> keys, const std::string& typed) {
+  std::optional<std::string> Run(FileDialogKind kind, std::initializer_list<std::uint32_t> keys,
+                                 const std::string& typed) {
     backend.TypeText(typed);
     Keys(keys);
     return RunFileDialog(kind, kind == FileDialogKind::Open ? "Load Game" : "Save Game");
@@ -466,8 +469,9 @@ TEST_F(FileDialogTest, ModalTheWindowGetsItsTimersAndPaintsButNoInput) {
 
   int timers = 0, paints = 0;
   for (const Message& m : received) {
-    EXPECT_FALSE((m.message >= WM_KEYDOWN && m.message <= WM_CHAR) || (m.message >= WM_MOUSEMOVE && m.message <= WM_RBUTTONUP))
-        << "input went to the window: " << m.message;
+    const bool input = (m.message >= WM_KEYDOWN && m.message <= WM_CHAR) ||
+                       (m.message >= WM_MOUSEMOVE && m.message <= WM_RBUTTONUP);
+    EXPECT_FALSE(input) << "input went to the window: " << m.message;
     timers += m.message == WM_TIMER;
     paints += m.message == WM_PAINT;
   }

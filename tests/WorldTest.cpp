@@ -160,7 +160,8 @@ TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
   combatResult = 0;
   tower->Activate();
   // Beach Caves and the Storm Wizard open, not the tier after.
-  EXPECT_EQ((std::vector{thePlayer.wizardDefeated[0], locationTable[2].open, locationTable[10].open, locationTable[11].open}),
+  const LocationInfo* places = locationTable;
+  EXPECT_EQ((std::vector{thePlayer.wizardDefeated[0], places[2].open, places[10].open, places[11].open}),
             (std::vector{1, 1, 1, 0}));
   EXPECT_EQ(std::string(tower->Speech()).rfind("You have defeated my Kindrels.", 0), 0u);
   game->Key(platform::VK_RETURN);  // "Leave Tower"
