@@ -30,8 +30,7 @@ std::tuple<int, std::uint32_t, int> State(const Kindrel& k) { return {k.level, k
 TEST(CreatureGrowthTest, CreationFromSpeciesAndLevel) {
   const auto mookie = Kindrel::Create(kFleenu, 1);
   ASSERT_NE(mookie, nullptr);
-  EXPECT_STREQ(mookie->name, "Fleenu");
-  EXPECT_EQ(mookie->species, &speciesTable[kFleenu]);
+  EXPECT_EQ(std::tuple(std::string(mookie->name), mookie->species), std::tuple("Fleenu", &speciesTable[kFleenu]));
   EXPECT_EQ(State(*mookie), std::tuple(1, 0u, 3));
   EXPECT_EQ(std::pair(mookie->MaxHitPoints(), mookie->poisonDamage), std::pair(3, 0));
   for (float value : mookie->status) EXPECT_EQ(value, 0.0f);
@@ -156,9 +155,7 @@ TEST(CreatureTablesTest, SpellSounds) {
     EXPECT_EQ(HasSpellSound(spellFlightSounds[i]), !selfCast) << spellTable[i].name;
     EXPECT_EQ(HasSpellSound(spellImpactSounds[i]), !selfCast) << spellTable[i].name;
   }
-  EXPECT_FALSE(HasSpellSound("X"));
-  EXPECT_FALSE(HasSpellSound(""));
-  EXPECT_FALSE(HasSpellSound(nullptr));
+  for (const char* none : {"X", "", static_cast<const char*>(nullptr)}) EXPECT_FALSE(HasSpellSound(none));
 }
 
 // A seed whose first roll(100) is the value, so that a test knows what the next
@@ -278,8 +275,7 @@ TEST(StatusEffectsTest, MessagesAndTheEffectsOfASpell) {
   auto bird = Kindrel::Create(kBluberd, 8);
 
   // Names: "The ..." for the opponent, the bare name for the player's creature.
-  EXPECT_EQ(CombatName(*bird, true), "The Bluberd");
-  EXPECT_EQ(CombatName(*mookie, false), "Mookie");
+  EXPECT_EQ(std::tuple(CombatName(*bird, true), CombatName(*mookie, false)), std::tuple("The Bluberd", "Mookie"));
 
   // Landed with their durations, landed without, and resisted; on either side.
   std::string message;

@@ -75,9 +75,8 @@ TEST_F(DrawingTest, PicturesAreClippedToTheClipRectangle) {
   EXPECT_EQ(picture.DrawOpaque(90, 95, 1), 0);
   EXPECT_EQ(std::tuple(target->At(100, 100), Changed()), std::tuple(Numbering(10, 5), 50 * 20));
   theDisplay->ClearScreen(0, 0, 0);
-  EXPECT_EQ(picture.DrawOpaque(300, 300, 1), 0);
-  EXPECT_EQ(picture.DrawOpaque(-100, 100, 1), 0);
-  EXPECT_EQ(Changed(), 0);
+  EXPECT_EQ((std::vector{picture.DrawOpaque(300, 300, 1), picture.DrawOpaque(-100, 100, 1), Changed()}),
+            (std::vector{0, 0, 0}));
 }
 
 TEST_F(DrawingTest, KeyedAndAdditiveDrawing) {
@@ -309,8 +308,7 @@ TEST_F(EffectsTest, ParticlesLiveTheirCountMoveAndPlot) {
   }
   back->Fill({100, 100, 101, 101}, 0);
   Frame(pool);
-  EXPECT_EQ(back->At(100, 100), 0);
-  EXPECT_EQ(pool.particles[0].update, nullptr);
+  EXPECT_EQ(std::tuple(back->At(100, 100), pool.particles[0].update), std::tuple(0, nullptr));
 
   // Heading pi/2 moves right; the update function may recolour.
   pool.AddParticle(0, 255, 0, 10.0f, 50.0f, std::numbers::pi_v<float> / 2, 3.0f, 10, TurnRed);
@@ -320,8 +318,7 @@ TEST_F(EffectsTest, ParticlesLiveTheirCountMoveAndPlot) {
   // A full pool drops what comes after it.
   ParticlePool small(2);
   for (int i = 1; i <= 3; ++i) small.AddParticle(i, i, i, 0, 0, 0, 0, 5, Keep);
-  EXPECT_EQ(small.particles[0].red, 1);
-  EXPECT_EQ(small.cursor, 1);
+  EXPECT_EQ(std::tuple(small.particles[0].red, small.cursor), std::tuple(1, 1));
 
   // Off the clip rectangle it moves and ages unseen, and shows again when it comes back.
   theDisplay->ClearScreen(0, 0, 0);
@@ -343,8 +340,7 @@ TEST_F(EffectsTest, EmittersPickWithinTheirBoundsAndAdditiveSaturates) {
   for (int i = 0; i < 50; ++i) fixed.Emit();
   for (int i = 0; i < 50; ++i) {
     const Particle& p = pool.particles[i];
-    EXPECT_EQ(p.red, 200);
-    EXPECT_EQ(p.blue, 50);
+    EXPECT_EQ(std::tuple(p.red, p.blue), std::tuple(200, 50));
     EXPECT_TRUE(p.x >= 10 && p.x < 30 && p.y >= 20 && p.y < 25);
     EXPECT_TRUE(p.heading >= 0.0f && p.heading < 1.0f);
     EXPECT_FLOAT_EQ(p.speed, 0.5f);
@@ -430,10 +426,8 @@ TEST(ListTest, CursorSearchRemoveAndOwnership) {
     EXPECT_EQ(list.Append(d), d);
     EXPECT_EQ(list.Next(), c) << "appending leaves the cursor where it was";
 
-    EXPECT_EQ(list.FindById(2), b);
-    EXPECT_EQ(list.FindByName("C"), c);
-    EXPECT_EQ(list.FindItem(a), a);
-    EXPECT_EQ(list.FindByName("nobody"), nullptr);
+    EXPECT_EQ((Seen{list.FindById(2), list.FindByName("C"), list.FindItem(a), list.FindByName("nobody")}),
+              (Seen{b, c, a, nullptr}));
     EXPECT_EQ(list.Next(), a) << "a failed search leaves the cursor before the first item";
 
     // Removing an item that is not in the list changes nothing.
