@@ -290,8 +290,7 @@ TEST_F(WaveReaderTest, FilesThatCannotBeOpened) {
   std::unique_ptr<WaveFile> file;
   RiffChunk riff;
   EXPECT_EQ(WaveOpenFile(Write(Riff({{"data", Samples(4, 1)}})), file, format, riff), kWaveChunkNotFound);
-  EXPECT_EQ(file, nullptr);
-  EXPECT_EQ(format, nullptr);
+  EXPECT_TRUE(!file && !format);
 }
 
 TEST_F(WaveReaderTest, EveryCutShortFileIsRefused) {
@@ -388,9 +387,8 @@ TEST(AreaFileTest, KeywordsCommentsRowsAndAreasOfEveryShape) {
   // Six ROW lines in four spellings; the last gives the width. A longer row is cut at it,
   // a shorter one leaves walls.
   EXPECT_EQ(std::tuple(file.width, file.height), std::tuple(10, 6));
-  EXPECT_EQ(file.Row(1), "1EEE0b2x29");
-  EXPECT_EQ(file.Row(2), "1c0b000111");
-  EXPECT_EQ(file.Row(5), "1111d11111");
+  EXPECT_EQ((std::vector{file.Row(1), file.Row(2), file.Row(5)}),
+            (std::vector<std::string>{"1EEE0b2x29", "1c0b000111", "1111d11111"}));
   EXPECT_EQ(file.Start(), (std::vector<int>{true, 8, 1})) << "the later of two exits is the start";
 
   // An event on three cells sits on the last; a text after an AREA line goes to the event
@@ -410,17 +408,13 @@ TEST(AreaFileTest, KeywordsCommentsRowsAndAreasOfEveryShape) {
   EXPECT_TRUE(file.Area(5)->Contains(7, 1));
   // ARTWORK is ART; numbers after an unreadable one keep their values.
   EXPECT_EQ(file.Values(), "dat\\w.bmp dat\\f.bmp dat\\comback-scar-for.bmp 1 2 0 0");
-  EXPECT_EQ(file.repairs.rowsCut, 1);
-  EXPECT_EQ(file.repairs.rowsShort, 1);
-  EXPECT_EQ(file.repairs.oneCellAreas, 1);
+  EXPECT_EQ(std::tuple(file.repairs.rowsCut, file.repairs.rowsShort, file.repairs.oneCellAreas), std::tuple(1, 1, 1));
 }
 
 TEST(AreaFileTest, ReadsAreBoundedAndALastLineWithoutItsEndLosesACharacter) {
   // A last line without a line end loses its last character: no exit is left.
   ReadFile cut(TestArea("noexit-end.dat"));
-  EXPECT_EQ(cut.width, 1);
-  EXPECT_EQ(cut.Row(1), "1");
-  EXPECT_EQ(cut.repairs.rowsUnended, 1);
+  EXPECT_EQ(std::tuple(cut.width, cut.Row(1), cut.repairs.rowsUnended), std::tuple(1, "1", 1));
   EXPECT_FALSE(cut.Start()[0]);
 
   // A line longer than one read goes on as a line of its own, which here is no keyword.

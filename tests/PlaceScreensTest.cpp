@@ -195,9 +195,8 @@ TEST_F(HomeScreenTest, ANightAtHomeHealsThePartyOncePerVisitAndSaysSo) {
   }
   // Nothing else changes: the same Kindrels in the same slots with their levels,
   // experience and names; empty slots stay empty.
-  EXPECT_EQ(thePlayer.party[0].get(), &fainted);
-  EXPECT_EQ(thePlayer.party[2].get(), &weary);
-  EXPECT_EQ(thePlayer.party[5].get(), &scratched);
+  EXPECT_EQ(std::tuple(thePlayer.party[0].get(), thePlayer.party[2].get(), thePlayer.party[5].get()),
+            std::tuple(&fainted, &weary, &scratched));
   EXPECT_EQ(std::tuple(fainted.level, fainted.experience, std::string(fainted.name)), std::tuple(3, 45u, "Mookie"));
   EXPECT_EQ(thePlayer.PartyCount(), 3);
 

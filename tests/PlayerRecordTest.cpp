@@ -50,8 +50,7 @@ TEST_F(PartyRecordTest, DefaultsAndTheNewGame) {
   PlayerRecord record;
   const std::vector<int> noneBeaten(std::size(record.wizardDefeated), 0);
   EXPECT_EQ(Settings(record), std::tuple(kNormal, 5, 1, 0, noneBeaten));
-  EXPECT_EQ(record.PartyCount(), 0);
-  EXPECT_TRUE(record.items.IsEmpty());
+  EXPECT_EQ(std::tuple(record.PartyCount(), record.items.IsEmpty()), std::tuple(0, true));
 
   // A game in progress with options, items, beaten wizards and a full party.
   record.difficulty = kHard;
@@ -71,22 +70,18 @@ TEST_F(PartyRecordTest, DefaultsAndTheNewGame) {
   EXPECT_EQ(ItemNames(record), (std::vector<std::string>{"Brass Key", "Old Map"}));
   EXPECT_EQ(record.PartyCount(), 1);
   ASSERT_NE(record.party[0], nullptr);
-  EXPECT_STREQ(record.party[0]->name, "Mookie");
-  EXPECT_EQ(record.party[0]->level, 1);
-  EXPECT_EQ(LocationRow(record.currentLocation), 0);
-  EXPECT_EQ(OpenPlaces().size(), 5u);
+  EXPECT_EQ(std::tuple(std::string(record.party[0]->name), record.party[0]->level, LocationRow(record.currentLocation),
+                       OpenPlaces().size()),
+            std::tuple("Mookie", 1, 0, 5u));
 
   // The reset alone empties the party and sets nothing else in its place.
   record.NewGameReset();
-  EXPECT_EQ(record.PartyCount(), 0);
-  EXPECT_EQ(record.FirstFitSlot(), -1);
-  EXPECT_FALSE(record.HasFighter());
+  EXPECT_EQ(std::tuple(record.PartyCount(), record.FirstFitSlot(), record.HasFighter()), std::tuple(0, -1, false));
 }
 
 TEST_F(PartyRecordTest, PartySlots) {
   PlayerRecord record;
-  EXPECT_EQ(record.FirstEmptySlot(), 0);
-  EXPECT_EQ(record.FirstFitSlot(), -1);
+  EXPECT_EQ(std::tuple(record.FirstEmptySlot(), record.FirstFitSlot()), std::tuple(0, -1));
 
   // A gap: slots 0 and 2 hold creatures; a caught creature fills slot 1 first.
   record.party[0] = Kindrel::Create(0, 1);
@@ -95,8 +90,7 @@ TEST_F(PartyRecordTest, PartySlots) {
   EXPECT_EQ(record.AddToParty(Kindrel::Create(2, 4)), 1);
   ASSERT_NE(record.party[1], nullptr);
   EXPECT_EQ(record.party[1]->level, 4);
-  EXPECT_EQ(record.FirstEmptySlot(), 3);
-  EXPECT_EQ(record.PartyCount(), 3);
+  EXPECT_EQ(std::tuple(record.FirstEmptySlot(), record.PartyCount()), std::tuple(3, 3));
 
   // The first creature able to fight.
   record.party[0]->hitPoints = 0;
