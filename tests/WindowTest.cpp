@@ -101,8 +101,7 @@ TEST_F(MessageQueueTest, CloseDestroysAndQuitEndsTheQueue) {
   Drain(1);
   ASSERT_EQ(received.size(), 2u);
   EXPECT_EQ(received[1].message, WM_DESTROY) << "closing destroys at once";
-  EXPECT_FALSE(WindowExists());
-  EXPECT_FALSE(backend.WindowOpen());
+  EXPECT_TRUE(!WindowExists() && !backend.WindowOpen());
   EXPECT_FALSE(PostMessage(kMainWindow, WM_CHAR, 'x', 0)) << "nothing reaches a destroyed window";
   EXPECT_FALSE(DestroyWindow(kMainWindow));
 
@@ -124,8 +123,7 @@ TEST_F(MessageQueueTest, DeviceInputArrivesOnTime) {
 
   // Points off the frame keep their sign.
   const LParam packed = PackPoint(-5, -300);
-  EXPECT_EQ(PointX(packed), -5);
-  EXPECT_EQ(PointY(packed), -300);
+  EXPECT_EQ(std::tuple(PointX(packed), PointY(packed)), std::tuple(-5, -300));
 
   // Waiting for input jumps the clock to the input, never past the timeout.
   const std::uint32_t start = GetTickCount();
@@ -164,8 +162,7 @@ TEST_F(MessageQueueTest, AFrameIsSentOnlyWhereItDiffersFromTheScreen) {
   EXPECT_EQ(backend.LastChanges(), (std::vector<Rect>{{100, 16, 301, 32}, {5, 464, 6, 480}}));
   // A frame shown at once goes out even unchanged, with nothing marked as changed.
   ShowSurfaceNow(frame);
-  EXPECT_EQ(backend.FramesShown(), 4);
-  EXPECT_TRUE(backend.LastChanges().empty());
+  EXPECT_EQ(std::tuple(backend.FramesShown(), backend.LastChanges().size()), std::tuple(4, 0u));
   SetWindowSurface(nullptr);
 }
 

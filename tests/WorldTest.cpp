@@ -121,17 +121,15 @@ TEST_F(WorldTest, SwappingPlacesOnTheInformationScreen) {
   game->Click(590, 325);
   EXPECT_EQ(info->swapArmed, 1);
   game->Click(440, 420);
-  EXPECT_EQ(info->swapArmed, 0);
-  EXPECT_EQ(thePlayer.party[0], nullptr);
+  EXPECT_EQ(std::tuple(info->swapArmed, thePlayer.party[0].get(), info->selectedSlot), std::tuple(0, nullptr, 4));
   ASSERT_NE(thePlayer.party[4], nullptr);
   EXPECT_STREQ(thePlayer.party[4]->name, "Mookie");
-  EXPECT_EQ(info->selectedSlot, 4);
   // Typing (into the name field, chosen again), then another box: the typing is stored first.
   game->Click(100, 60);
   game->Type("!");
   game->Click(230, 420);
-  EXPECT_STREQ(thePlayer.party[4]->name, "Mookie!");
-  EXPECT_STREQ(info->nameField->Caption(), "Bluberd");
+  EXPECT_EQ(std::tuple(std::string(thePlayer.party[4]->name), std::string(info->nameField->Caption())),
+            std::tuple("Mookie!", "Bluberd"));
 }
 
 TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
@@ -143,9 +141,8 @@ TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
   game->Key(platform::VK_RETURN);  // "Battle!"
   ASSERT_EQ(Top(), "COMBAT MODE");
   auto* combat = static_cast<CombatMode*>(currentScreen);
-  EXPECT_EQ(combat->opponentCount, 2);
-  EXPECT_STREQ(combat->opponent->name, "Spiner");
-  EXPECT_EQ(combat->catchAllowed, 0);
+  EXPECT_EQ(std::tuple(combat->opponentCount, std::string(combat->opponent->name), combat->catchAllowed),
+            std::tuple(2, "Spiner", 0));
   // A retreat: the taunt, and nothing opens.
   game->RunFor(3000);
   ASSERT_EQ(combat->phase, kPhaseWaiting);
@@ -253,10 +250,8 @@ TEST_F(MazeTest, OnlyRealStepsCountAndTheFirstEncounterComesAfterFifteenToTwenty
   game->RunFor(300);
   EXPECT_EQ(std::pair(maze->playerCell, maze->facing), std::pair(MazeCell{6, 7}, 0));
   Keys({kUp, kLeft});  // (5, 7), then a wall
-  EXPECT_EQ(maze->playerCell, (MazeCell{5, 7}));
-  EXPECT_EQ(maze->previousCell, (MazeCell{6, 7}));
-  EXPECT_EQ(maze->facing, 2);
-  EXPECT_EQ(maze->stepsToEncounter, countdown - 2);
+  EXPECT_EQ(std::tuple(maze->playerCell, maze->previousCell, maze->facing, maze->stepsToEncounter),
+            std::tuple(MazeCell{5, 7}, MazeCell{6, 7}, 2, countdown - 2));
 
   // Up the corridor into area a, then back and forth until a Kindrel attacks.
   int counted = 2;
@@ -381,8 +376,7 @@ TEST_F(MazeTest, ExitsTheViewAndTheMouse) {
   EXPECT_EQ(Origin(maze), (std::pair{2 * 54 + 320, 240 - 14 * 14})) << "centred on the start";
   // The cell under the pointer and the direction to it.
   PointAt(maze, {6, 6});
-  EXPECT_EQ(maze->cursorCell, (MazeCell{6, 6}));
-  EXPECT_EQ(maze->pointerDirection, 0);
+  EXPECT_EQ(std::tuple(maze->cursorCell, maze->pointerDirection), std::tuple(MazeCell{6, 6}, 0));
   PointAt(maze, {7, 8});
   EXPECT_EQ(maze->pointerDirection, 2);
 

@@ -69,18 +69,16 @@ TEST(BakedBitmaps, A24BitBottomUpBitmapWithPaddedRowsThatTheGameReadsAtEveryWidt
     EXPECT_EQ(BmpRowStride(width), stride);
     const auto bytes = EncodeBmp24(image);
     ASSERT_EQ(bytes.size(), 54 + 3 * stride);
-    EXPECT_EQ(bytes[0], 'B');
-    EXPECT_EQ(bytes[1], 'M');
+    EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + 2), "BM");
     EXPECT_EQ(U32(bytes, 2), bytes.size());
     EXPECT_EQ(U32(bytes, 10), 54u);  // pixels right after the headers
     EXPECT_EQ(U32(bytes, 14), 40u);
     EXPECT_EQ(U32(bytes, 18), static_cast<std::uint32_t>(width));
     EXPECT_EQ(U32(bytes, 22), 3u);  // positive height: bottom row first
-    EXPECT_EQ(U16(bytes, 26), 1u);
-    EXPECT_EQ(U16(bytes, 28), 24u);
-    EXPECT_EQ(U32(bytes, 30), 0u);
-    EXPECT_EQ(U32(bytes, 34), 3 * stride);
-    EXPECT_EQ(U32(bytes, 46), 0u);
+    // One plane of 24 bits, no compression, the pixels' size, no palette.
+    using Fields = std::vector<std::size_t>;
+    EXPECT_EQ((Fields{U16(bytes, 26), U16(bytes, 28), U32(bytes, 30), U32(bytes, 34), U32(bytes, 46)}),
+              (Fields{1, 24, 0, 3 * stride, 0}));
     for (int row = 0; row < 3; ++row)
       for (std::size_t pad = 3 * width; pad < stride; ++pad) EXPECT_EQ(bytes[54 + row * stride + pad], 0) << row;
     EXPECT_EQ(EncodeBmp24(image), bytes) << "the same image, the same bytes";
@@ -151,8 +149,7 @@ TEST(BakedPictures, EveryManifestEntryIsInDatAtItsSize) {
 
     const auto image = platform::LoadBitmapFile(path.string());
     ASSERT_TRUE(image) << "the game cannot read " << path;
-    EXPECT_EQ(image->width, entry.width);
-    EXPECT_EQ(image->height, entry.height);
+    EXPECT_EQ(std::tuple(image->width, image->height), std::tuple(entry.width, entry.height));
 
     const auto bytes = ReadAll(path);
     ASSERT_GE(bytes.size(), kBmpHeaderSize);
