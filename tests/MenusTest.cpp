@@ -132,8 +132,7 @@ TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
   game->Key(platform::VK_RETURN);  // "Quit Game" is current
   game->backend.MouseMove(5, 5);
   game->RunFor(200);
-  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
-  EXPECT_EQ(gameQuitRequest, 0);
+  EXPECT_EQ(std::tuple(std::string(Top()), gameQuitRequest), std::tuple("MAIN_OPTION_MODE", 0));
   EXPECT_EQ(TuneStarts(), 3) << "the menu, the pause menu, and the menu again after a game";
 }
 

@@ -80,8 +80,7 @@ TEST_F(WorldTest, ANewGameShowsFivePlacesAndTheHoverAndClickRules) {
 TEST_F(WorldTest, FaintedPartiesStayOutOfTowersAndBeatenTowersStayShut) {
   thePlayer.party[0]->hitPoints = 0;
   game->Click(320, 140);
-  EXPECT_EQ(Top(), "MAP_MODE");
-  EXPECT_STREQ(thePlayer.currentLocation->name, "Earth Wizard");
+  EXPECT_EQ(std::tuple(Top(), std::string(thePlayer.currentLocation->name)), std::tuple("MAP_MODE", "Earth Wizard"));
   thePlayer.party[0]->hitPoints = 3;
   thePlayer.wizardDefeated[0] = 1;
   game->Click(320, 140);
@@ -104,8 +103,7 @@ TEST_F(WorldTest, PartyBoxesOpenTheInformationScreenWhereARenameIsKept) {
   game->Type("\b\b\b\b\b\bPuff");
   EXPECT_STREQ(info->nameField->Caption(), "Puff");
   game->Click(590, 355);  // EXIT
-  EXPECT_EQ(Top(), "MAP_MODE");
-  EXPECT_STREQ(thePlayer.party[0]->name, "Puff");
+  EXPECT_EQ(std::tuple(Top(), std::string(thePlayer.party[0]->name)), std::tuple("MAP_MODE", "Puff"));
 }
 
 TEST_F(WorldTest, SwappingPlacesOnTheInformationScreen) {

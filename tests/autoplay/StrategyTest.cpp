@@ -27,9 +27,9 @@ TEST(StrategyTest, TheBestSpellIsTheStrongestKnownDamagingOne) {
   EXPECT_EQ(BestSpellSlot(speciesTable[kTexallo], 13, 5), 2);
   // Robilar: Power Zap and Power Slam hit alike; Power Slam also lays an effect.
   EXPECT_EQ(BestSpellSlot(speciesTable[kRobilar], 9, 4), 2);
-  EXPECT_EQ(SpellDamage(spellTable[kPowerZap], 7), 14);
-  EXPECT_EQ(SpellDamage(spellTable[kHypnotize], 7), 0);
-  EXPECT_EQ(SpellDamage(spellTable[kRage], 7), 0);
+  EXPECT_EQ((std::vector{SpellDamage(spellTable[kPowerZap], 7), SpellDamage(spellTable[kHypnotize], 7),
+                         SpellDamage(spellTable[kRage], 7)}),
+            (std::vector{14, 0, 0}));
 }
 
 TEST(StrategyTest, HitChancesFollowTheHitValue) {

@@ -81,8 +81,8 @@ TEST(PixelRules, KeyedDropsPixelsUnderHalfCoverageAndKeepsTheColourOfTheRest) {
     EXPECT_EQ(out, (a < 128 ? Rgb{0, 0, 0} : Rgb{200, 150, 100})) << "alpha " << a;
   }
   // Near black is lifted at any coverage that keeps it, to the darkest non-zero value.
-  EXPECT_EQ(BakePixel(Mode::Keyed, {0, 0, 0, 128}), kDarkestVisible);
-  EXPECT_EQ(BakePixel(Mode::Keyed, {5, 1, 2, 200}), kDarkestVisible);
+  for (const Rgba nearBlack : {Rgba{0, 0, 0, 128}, Rgba{5, 1, 2, 200}})
+    EXPECT_EQ(BakePixel(Mode::Keyed, nearBlack), kDarkestVisible);
   EXPECT_EQ(To565(kDarkestVisible), 1);
 }
 
