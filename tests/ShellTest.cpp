@@ -5,6 +5,7 @@
 
 #include "shell/CommandLine.h"
 #include "shell/ScreenObject.h"
+#include "shell/TextFormat.h"
 #include "support/HeadlessGame.h"
 #include "ui/MousePointer.h"
 
@@ -225,6 +226,11 @@ TEST(ScreenObjectTest, EqualityAndNames) {
   const std::string longName(300, 'x');
   ScreenObject longOne(1, longName.c_str());
   EXPECT_EQ(std::string(longOne.GetName()), longName.substr(0, 255));
+}
+
+TEST(TextFormatTest, ALongTextComesOutWhole) {
+  const std::string name(600, 'n');
+  EXPECT_EQ(Format("Do you want to give away %s?", name.c_str()), "Do you want to give away " + name + "?");
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 
 #include "platform/FileDialog.h"
 #include "platform/FileDialogView.h"
+#include "platform/FrameUploader.h"
 #include "platform/HeadlessBackend.h"
 #include "platform/SavesFolder.h"
 #include "platform/Surface.h"
@@ -193,7 +194,6 @@ class FileDialogTest : public MessageQueueTest {
     MessageQueueTest::SetUp();
     gameFrame.Fill(gameFrame.Bounds(), kGameColour);
     SetWindowSurface(&gameFrame);
-    SetFileDialogBackdrop(&gameFrame);
     RefreshWindow();
     WatchFileDialogs([this](const FileDialogState& state) {
       seen.push_back(state);
@@ -202,7 +202,6 @@ class FileDialogTest : public MessageQueueTest {
   }
   void TearDown() override {
     WatchFileDialogs({});
-    SetFileDialogBackdrop(nullptr);
     SetWindowSurface(nullptr);
     MessageQueueTest::TearDown();
     dataHome.reset();

@@ -2,11 +2,12 @@
 // frames, the party strip, both creatures, the message, both panels, the buttons while the
 // player chooses, the projectile's head and the particles.
 #include "combat/CombatMode.h"
-#include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
 #include "graphics/Blit.h"
 #include "graphics/Text.h"
 #include "screens/Frame.h"
+#include "screens/PartyBoxes.h"
+#include "screens/Tiling.h"
 #include "shell/TextFormat.h"
 
 namespace {
@@ -22,8 +23,7 @@ void CombatMode::Draw() {
   BeginFrame();
   theDisplay->ResetClip();
   TilePicture(background);
-  DrawPartyFrames(frame);
-  drawPartyStrip(-1);
+  DrawPartyBoxes(frame);
   DrawCreature(Active(), playerX + playerOffsetX, playerY + playerOffsetY);
   DrawCreature(opponent.get(), opponentX + opponentOffsetX, opponentY + opponentOffsetY);
   SetTextTransparent(1);

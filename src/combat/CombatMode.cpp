@@ -4,11 +4,11 @@
 #include <cstdlib>
 
 #include "audio/SoundEffect.h"
-#include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
 #include "platform/Window.h"
 #include "screens/CreatureInfoScreen.h"
-#include "screens/Frame.h"
+#include "screens/ClickSound.h"
+#include "screens/PartyBoxes.h"
 #include "shell/Globals.h"
 #include "shell/TextFormat.h"
 
@@ -148,10 +148,9 @@ void CombatMode::ChoosePartyBox(int slot) {
     activeSlot = slot;
     message = Format("%s enters the battle!", creature->name);
     BuildSpellButtons();
-  } else if (!choosingReplacement && creature) {
+  } else if (!choosingReplacement) {
     // A look at the creature, without SWAP: the party's order stays during a battle.
-    pendingScreen = new CreatureInfoScreen(1, "INSPECT_MODE", slot, 0);
-    state = kStatePush;
+    InspectSlot(*this, slot, 0);
   }
   choosingReplacement = 0;
 }

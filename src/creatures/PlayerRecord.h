@@ -65,6 +65,6 @@ class PlayerRecord {
 };
 
 // The one record of the run. It is never destroyed (the program's end frees it), so that
-// no picture of its Kindrels outlives the surfaces' bookkeeping at exit; shutdown releases
-// the party with ReleaseParty.
+// no picture of its Kindrels outlives the surfaces' bookkeeping at exit; the game's
+// shutdown releases the party with ReleaseParty.
 extern PlayerRecord& thePlayer;

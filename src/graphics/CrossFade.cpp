@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/Window.h"
+#include "platform/FrameUploader.h"
 
 // Level L and level 31 - L add up to exactly 1.0.
 const float FadeLevels[kFadeLevelCount] = {0.0f,  0.03f, 0.06f, 0.09f, 0.13f, 0.17f, 0.21f, 0.24f,

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "platform/FileDialog.h"
+#include "platform/FrameUploader.h"
 #include "platform/Window.h"
 
 Display* theDisplay = nullptr;
@@ -53,7 +53,6 @@ int Display::InitDisplay(int w, int h, int bpp, std::uint32_t flags) {
                                                       : "CreateSurface (primary, friendly) failed.");
   }
   platform::SetWindowSurface(front.get());
-  platform::SetFileDialogBackdrop(front.get());
   ClipRect = {0, 0, w - 1, h - 1};
   lockedPointer = nullptr;
   return 1;
@@ -61,7 +60,6 @@ int Display::InitDisplay(int w, int h, int bpp, std::uint32_t flags) {
 
 void Display::ReleaseDisplay() {
   platform::SetWindowSurface(nullptr);
-  platform::SetFileDialogBackdrop(nullptr);
   back.reset();
   front.reset();
   lockedPointer = nullptr;
@@ -77,7 +75,6 @@ void Display::Present() {
   if (modeFlags & kModeFlip) {
     if (back) std::swap(front, back);
     platform::SetWindowSurface(front.get());
-    platform::SetFileDialogBackdrop(front.get());
     return;
   }
   if ((modeFlags & kModeCopy) && back) front->CopyFrom(0, 0, *back, back->Bounds(), false);
@@ -96,7 +93,7 @@ void Display::ResetClip() { ClipRect = {0, 0, width, height}; }
 std::uint16_t Display::MatchColour(Surface* surface, std::uint32_t colour) {
   if (!surface || surface->IsLost() || surface->IsLocked() || surface->Width() == 0) return 0xFFFF;
   if (colour == kInvalidColour) return surface->At(0, 0);
-  return platform::Rgb565(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+  return platform::PackedTo565(colour);
 }
 
 void Display::ClearScreen(int r, int g, int b) {

@@ -7,16 +7,14 @@
 #include <memory>
 
 #include "platform/Font.h"
+#include "platform/PackedColour.h"
 #include "platform/Surface.h"
 
 using Rect = platform::Rect;
 using Surface = platform::Surface;
 
 // Colours travel packed as r | g << 8 | b << 16.
-inline constexpr std::uint32_t PackColour(int r, int g, int b) {
-  return static_cast<std::uint32_t>(r & 0xFF) | (static_cast<std::uint32_t>(g & 0xFF) << 8) |
-         (static_cast<std::uint32_t>(b & 0xFF) << 16);
-}
+using platform::PackColour;
 inline constexpr std::uint32_t kInvalidColour = 0xFFFFFFFF;
 
 // Bits of Display::modeFlags.

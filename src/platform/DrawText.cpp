@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Font.h"
+#include "platform/PackedColour.h"
 
 namespace platform {
 namespace {
@@ -78,7 +79,7 @@ int ChannelBlend(int source, int target, int coverage) {
 }
 
 void BlendMask(Surface& target, const GlyphMask& mask, int x, int y, const Rect& clip, std::uint32_t colour) {
-  const int r = colour & 0xFF, g = (colour >> 8) & 0xFF, b = (colour >> 16) & 0xFF;
+  const int r = PackedRed(colour), g = PackedGreen(colour), b = PackedBlue(colour);
   const int x0 = std::max(x, clip.left), x1 = std::min(x + mask.width, clip.right);
   const int y0 = std::max(y, clip.top), y1 = std::min(y + mask.height, clip.bottom);
   std::uint16_t* pixels = target.Pixels();
@@ -101,10 +102,6 @@ void FillClipped(Surface& target, Rect area, const Rect& clip, std::uint16_t val
   area.right = std::min(area.right, clip.right);
   area.bottom = std::min(area.bottom, clip.bottom);
   if (!area.Empty()) target.Fill(area, value);
-}
-
-std::uint16_t Packed(std::uint32_t colour) {
-  return Rgb565(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
 
 }  // namespace
@@ -138,12 +135,12 @@ int DrawText(Surface& target, Font& font, std::string_view text, const Rect& rec
     if (format & DT_CENTER) x = rect.left + (rect.Width() - width) / 2;
     else if (format & DT_RIGHT) x = rect.right - width;
     if (!clip.Empty() && y < clip.bottom) {
-      if (!colours.transparent) FillClipped(target, {x, y, x + width, y + lineHeight}, clip, Packed(colours.back));
+      if (!colours.transparent) FillClipped(target, {x, y, x + width, y + lineHeight}, clip, PackedTo565(colours.back));
       BlendMask(target, font.Render(line.text), x, y, clip, colours.text);
       for (int index : line.underlined) {
         const int from = x + font.Measure(std::string_view(line.text).substr(0, index));
         const int to = x + font.Measure(std::string_view(line.text).substr(0, index + 1));
-        FillClipped(target, {from, y + lineHeight - 2, to, y + lineHeight - 1}, clip, Packed(colours.text));
+        FillClipped(target, {from, y + lineHeight - 2, to, y + lineHeight - 1}, clip, PackedTo565(colours.text));
       }
     }
     y += lineHeight;

@@ -11,6 +11,7 @@
 #include "platform/Backend.h"
 #include "platform/Cp1252.h"
 #include "platform/FileDialogView.h"
+#include "platform/FrameUploader.h"
 #include "platform/Messages.h"
 #include "platform/SavesFolder.h"
 #include "platform/Window.h"
@@ -22,11 +23,6 @@ constexpr std::uint32_t kBlinkMs = 340;        // the cursor's half period, as t
 constexpr std::uint32_t kDoubleClickMs = 500;  // two presses on one file within this choose it
 constexpr int kFrameWidth = 640;
 constexpr int kFrameHeight = 480;
-
-const Surface*& Backdrop() {
-  static const Surface* frame = nullptr;
-  return frame;
-}
 
 FileDialogWatcher& Watcher() {
   static FileDialogWatcher watcher;
@@ -300,8 +296,6 @@ void DropRestOfClosingKey(std::uint32_t key) {
 
 }  // namespace
 
-void SetFileDialogBackdrop(const Surface* frame) { Backdrop() = frame; }
-
 void WatchFileDialogs(FileDialogWatcher watcher) { Watcher() = std::move(watcher); }
 
 std::vector<SavedGameFile> ListSavedGames(const std::string& folder) {
@@ -332,7 +326,8 @@ std::optional<std::string> RunFileDialog(FileDialogKind kind, const std::string&
   if (!WindowExists()) return std::nullopt;
 
   FileDialog dialog(kind, title, SavesFolder());
-  const Surface* backdrop = Backdrop();
+  // The dialog stands over the frame that the window shows.
+  const Surface* backdrop = WindowSurface();
   Surface ground(kFrameWidth, kFrameHeight);
   Surface frame(kFrameWidth, kFrameHeight);
   DrawFileDialogGround(backdrop, title, ground);
@@ -395,7 +390,7 @@ std::optional<std::string> RunFileDialog(FileDialogKind kind, const std::string&
   if (closingKey != 0) DropRestOfClosingKey(closingKey);
   // The game's frame comes back as it was.
   if (WindowExists()) {
-    if (Backdrop()) ShowSurfaceNow(*Backdrop());
+    if (const Surface* shown = WindowSurface()) ShowSurfaceNow(*shown);
     else InvalidateRect(kMainWindow);
   }
   if (dialog.Result() == FileDialog::Outcome::Chosen) return dialog.ChosenPath();

@@ -11,24 +11,18 @@
 
 namespace platform {
 
-class Surface;
-
 enum class FileDialogKind { Open, Save };
 
-// Shows the dialog over the game window and returns the chosen path: the saves folder's
-// path of the name, or the typed path as given when it has a '/'; std::nullopt when
-// cancelled. While it is up, the window's other messages (paint, timer, activate, close)
-// still go to the window procedure, input goes to the dialog only, and no frame of the
-// game runs. An open dialog returns only a file that is there (a name typed without its
-// ".gam" finds the saved game with it), and otherwise says "No such game" and stays; a
-// save dialog returns the typed name as it is (the caller adds the extension). OK with an
-// empty name does nothing.
+// Shows the dialog over the frame that the window shows, dimmed (on a dark ground when
+// the window shows none), and that frame again when it closes. Returns the chosen path:
+// the saves folder's path of the name, or the typed path as given when it has a '/';
+// std::nullopt when cancelled. While it is up, the window's other messages (paint, timer,
+// activate, close) still go to the window procedure, input goes to the dialog only, and
+// no frame of the game runs. An open dialog returns only a file that is there (a name
+// typed without its ".gam" finds the saved game with it), and otherwise says "No such
+// game" and stays; a save dialog returns the typed name as it is (the caller adds the
+// extension). OK with an empty name does nothing.
 std::optional<std::string> RunFileDialog(FileDialogKind kind, const std::string& title);
-
-// The frame the dialog is drawn over, dimmed, and shows again when it closes: the surface
-// that the window shows. The display sets it together with the window's surface (and
-// clears it before the surface goes); without one the dialog stands on a dark ground.
-void SetFileDialogBackdrop(const Surface* frame);
 
 struct SavedGameFile {
   std::string fileName;   // as it is on the disk

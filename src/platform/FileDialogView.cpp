@@ -12,6 +12,7 @@
 #include "platform/DataPath.h"
 #include "platform/DrawText.h"
 #include "platform/Font.h"
+#include "platform/PackedColour.h"
 
 namespace platform {
 namespace {
@@ -129,9 +130,7 @@ const std::optional<Image565>& PointerPicture() {
   return picture;
 }
 
-std::uint32_t TextRgb(Colour c) {
-  return static_cast<std::uint32_t>(c.r) | static_cast<std::uint32_t>(c.g) << 8 | static_cast<std::uint32_t>(c.b) << 16;
-}
+std::uint32_t TextRgb(Colour c) { return PackColour(c.r, c.g, c.b); }
 
 // Text drawing takes '&' as the mark of an underlined letter; names show it as it is.
 std::string Literal(std::string_view text) {

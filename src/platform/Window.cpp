@@ -1,14 +1,11 @@
 #include "platform/Window.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <deque>
 #include <limits>
 #include <map>
-#include <vector>
 
-#include "platform/Surface.h"
+#include "platform/FrameUploader.h"
 
 namespace platform {
 namespace {
@@ -29,10 +26,6 @@ struct WindowState {
   int quitCode = 0;
   std::deque<Message> posted;
   std::map<std::uintptr_t, Timer> timers;
-  const Surface* surface = nullptr;
-  std::vector<std::uint16_t> shownPixels;  // the frame last put on the screen
-  std::uint32_t shownChange = 0;
-  bool shownOnce = false;
 };
 
 WindowState& State() {
@@ -63,6 +56,7 @@ void InstallBackend(Backend* backend) {
   WindowState& s = State();
   s = WindowState{};
   s.backend = backend;
+  ResetFrameUploader();
 }
 
 Backend* CurrentBackend() { return State().backend; }
@@ -217,79 +211,6 @@ int MessageBox(WindowHandle, const std::string& text, const std::string& caption
   std::fprintf(stderr, "%s: %s\n", caption.c_str(), text.c_str());
   if (State().backend) State().backend->ShowMessageBox(text, caption, (type & MB_ICONHAND) != 0);
   return 1;
-}
-
-void SetWindowSurface(const Surface* surface) {
-  State().surface = surface;
-  State().shownOnce = false;
-}
-
-namespace {
-
-// The parts of the frame that differ from what the window shows: for each band of rows
-// that differs, the columns from its first to its last differing pixel. All of it when
-// nothing was shown yet.
-std::vector<Rect> ChangedParts(const WindowState& s, const Surface& frame) {
-  constexpr int kBandRows = 16;
-  const int width = frame.Width(), height = frame.Height(), pitch = frame.Pitch();
-  if (!s.shownOnce || s.shownPixels.size() != static_cast<std::size_t>(pitch) * height) {
-    return {Rect{0, 0, width, height}};
-  }
-  std::vector<Rect> parts;
-  for (int top = 0; top < height; top += kBandRows) {
-    const int bottom = std::min(top + kBandRows, height);
-    int left = width, right = 0;
-    for (int y = top; y < bottom; ++y) {
-      const std::uint16_t* now = frame.Pixels() + static_cast<std::size_t>(y) * pitch;
-      const std::uint16_t* was = s.shownPixels.data() + static_cast<std::size_t>(y) * pitch;
-      if (std::memcmp(now, was, sizeof *now * width) == 0) continue;
-      const auto first = std::mismatch(now, now + width, was).first;
-      left = std::min(left, static_cast<int>(first - now));
-      int last = width;
-      while (now[last - 1] == was[last - 1]) --last;
-      right = std::max(right, last);
-    }
-    if (left < right) parts.push_back(Rect{left, top, right, bottom});
-  }
-  return parts;
-}
-
-// Puts the frame on the screen, or only what changed of it. A frame equal to the one on
-// the screen is sent only when `always` is set.
-void Show(const Surface& frame, bool always) {
-  WindowState& s = State();
-  const std::vector<Rect> changed = ChangedParts(s, frame);
-  if (changed.empty() && !always) return;
-  const std::size_t pitch = frame.Pitch();
-  s.shownPixels.resize(pitch * frame.Height());
-  for (const Rect& part : changed) {
-    for (int y = part.top; y < part.bottom; ++y) {
-      const std::uint16_t* row = frame.Pixels() + y * pitch;
-      std::copy(row + part.left, row + part.right, s.shownPixels.data() + y * pitch + part.left);
-    }
-  }
-  s.backend->ShowFrame(frame, changed);
-  s.shownOnce = true;
-}
-
-}  // namespace
-
-void RefreshWindow() {
-  WindowState& s = State();
-  if (!s.exists || !s.surface || !s.backend) return;
-  if (s.shownOnce && s.surface->ChangeCount() == s.shownChange) return;
-  s.shownChange = s.surface->ChangeCount();
-  // Screens redraw every frame; a frame equal to the one on the screen is not sent again,
-  // and of one that differs only the parts that differ are, which keeps a still screen
-  // free and an animated one cheap.
-  Show(*s.surface, false);
-}
-
-void ShowSurfaceNow(const Surface& surface) {
-  WindowState& s = State();
-  if (!s.exists || !s.backend) return;
-  Show(surface, true);
-  if (&surface == s.surface) s.shownChange = surface.ChangeCount();
 }
 
 void WaitForInput(std::uint32_t timeoutMs) {

@@ -58,12 +58,6 @@ inline constexpr std::uint32_t MB_ICONHAND = 0x10;
 // Shows the box (and writes it to standard error); returns 1 (OK).
 int MessageBox(WindowHandle window, const std::string& text, const std::string& caption, std::uint32_t type);
 
-// The surface that the window shows; it is put on the screen when it has changed and
-// the message queue has run dry.
-void SetWindowSurface(const Surface* surface);
-void RefreshWindow();
-// Puts the surface on the screen at once, for effects that run inside one frame.
-void ShowSurfaceNow(const Surface& surface);
 void WaitForInput(std::uint32_t timeoutMs);
 
 void SetSystemCursorVisible(bool visible);

@@ -3,12 +3,14 @@
 #include <string>
 #include <utility>
 
-#include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
 #include "graphics/Text.h"
 #include "platform/Window.h"
+#include "screens/ClickSound.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
+#include "screens/PartyBoxes.h"
+#include "screens/Tiling.h"
 #include "shell/Globals.h"
 #include "shell/TextFormat.h"
 
@@ -30,6 +32,12 @@ std::string StatusValues(const Kindrel& k) {
 }
 
 }  // namespace
+
+void InspectSlot(GameMode& screen, int slot, int withSwap) {
+  if (!InSlot(slot)) return;
+  pendingScreen = new CreatureInfoScreen(1, "INSPECT_MODE", slot, withSwap);
+  screen.state = kStatePush;
+}
 
 CreatureInfoScreen::CreatureInfoScreen(std::uint32_t id, const char* name, int slot, int withSwap)
     : GameMode(id, name), widgets(PackColour(180, 180, 230), PackColour(100, 255, 100)), selectedSlot(slot) {
@@ -68,9 +76,7 @@ LResult CreatureInfoScreen::HandleMessage(WindowHandle window, std::uint32_t mes
   } else if (message == platform::WM_TIMER) {
     ++blinkCounter;
   }
-  const MenuInput input = ReadMenuInput(widgets, message, wParam, lParam);
-  if (input.action != MenuAction::None) Choose();
-  if (message == platform::WM_KEYDOWN && input.moved) platform::InvalidateRect(window);
+  AnswerMenuInput(widgets, window, message, wParam, lParam, [this](MenuAction) { Choose(); });
   return 0;
 }
 
@@ -109,8 +115,7 @@ void CreatureInfoScreen::ShowName(int slot) { nameField->SetCaption(InSlot(slot)
 void CreatureInfoScreen::Draw() {
   BeginFrame();
   TilePicture(background);
-  DrawPartyFrames(frame);
-  drawPartyStrip(-1);
+  DrawPartyBoxes(frame);
   DrawDetails();
   widgets.DrawAll();
   EndFrame();

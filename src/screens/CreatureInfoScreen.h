@@ -32,3 +32,7 @@ class CreatureInfoScreen : public GameMode {
   void Draw();
   void DrawDetails();
 };
+
+// Opens the page of a party slot above the screen, when a Kindrel is in it; withSwap 1
+// offers "SWAP" on it.
+void InspectSlot(GameMode& screen, int slot, int withSwap);

@@ -8,6 +8,7 @@
 #include "persist/SavedGame.h"
 #include "platform/FileDialog.h"
 #include "platform/Window.h"
+#include "screens/ClickSound.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
 #include "screens/MessageScreen.h"
@@ -38,6 +39,8 @@ ParticleEmitter sparkEmitter{.colourMax = {255, 255, 255}, .colourMin = {255, 25
                              .speedMin = 0.2f, .lifeMax = 32, .lifeMin = 32, .update = Fade, .pool = nullptr};
 
 }  // namespace
+
+void ShutDownGame() { thePlayer.ReleaseParty(); }
 
 float TurnToward(float x, float y, int targetX, int targetY, float heading, float maxTurn) {
   constexpr float kTwoPi = 2 * kPi;
@@ -96,9 +99,7 @@ int MainMenuScreen::Tick(std::uint32_t) {
 LResult MainMenuScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
   if (dialogOpen) return 0;
   // Both mouse buttons choose alike.
-  const MenuInput input = ReadMenuInput(buttons, message, wParam, lParam);
-  if (input.action != MenuAction::None) Choose(window);
-  if (input.mouse || (message == platform::WM_KEYDOWN && input.moved)) platform::InvalidateRect(window);
+  AnswerMenuInput(buttons, window, message, wParam, lParam, [this, window](MenuAction) { Choose(window); });
   if (message == platform::WM_PAINT) return GameMode::HandleMessage(window, message, wParam, lParam);
   return 0;
 }
@@ -113,16 +114,10 @@ void MainMenuScreen::Choose(WindowHandle window) {
       LoadGame();
       break;
     case kOptions:
-      PlayClick();
-      pendingScreen = new OptionsScreen(1, "DIFF_MODE");
-      state = kStatePush;
-      tune.keepMusic = 1;
+      OpenAboveMenu(*this, tune, new OptionsScreen(1, "DIFF_MODE"));
       break;
     case kCredits:
-      PlayClick();
-      pendingScreen = new MessageScreen(1, "INFO_MODE", creditsText, "dat\\back1.bmp");
-      state = kStatePush;
-      tune.keepMusic = 1;
+      OpenAboveMenu(*this, tune, new MessageScreen(1, "INFO_MODE", creditsText, "dat\\back1.bmp"));
       break;
     case kQuit:
       PlayClick();

@@ -17,6 +17,10 @@ float TurnToward(float x, float y, int targetX, int targetY, float heading, floa
 // The credits shown by the main menu.
 extern const char* const creditsText;
 
+// The game's own part of the shutdown, for the shell to run once the screens are gone:
+// the party's pictures go while the display still exists.
+void ShutDownGame();
+
 class MainMenuScreen : public GameMode {
  public:
   MainMenuScreen(std::uint32_t id, const char* name);

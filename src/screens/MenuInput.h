@@ -1,30 +1,26 @@
 #pragma once
-// How the menus answer the mouse and the keys on their column of buttons: a click on a
-// button or Enter / Space chooses the current button (a right click chooses it backward,
-// where a menu knows a backward), Up and Down move the highlight.
+// How the menu-like screens answer the mouse and the keys on their widgets: a click on a
+// widget or Enter / Space chooses the current widget (a right click chooses it backward,
+// where a screen knows a backward), Up and Down move the highlight, and a mouse move over
+// a widget makes it current.
 #include <cstdint>
+#include <functional>
 
 #include "platform/Messages.h"
-#include "platform/Window.h"
 #include "ui/ObjectList.h"
 
 enum class MenuAction { None, Choose, ChooseBackward };
 
 struct MenuInput {
   MenuAction action = MenuAction::None;
-  bool moved = false;  // the highlight went to another button
-  bool mouse = false;  // a mouse message
+  bool moved = false;   // the highlight went to another widget
+  bool missed = false;  // a left click beside every widget
 };
 
-MenuInput ReadMenuInput(ObjectList& buttons, std::uint32_t message, platform::WParam wParam, platform::LParam lParam);
-
-// The whole answer of a place screen: reads the input, chooses, and repaints the window
-// after a click, a choice or a move of the highlight.
-template <typename Choose>
-void AnswerMenuInput(ObjectList& buttons, platform::WindowHandle window, std::uint32_t message, platform::WParam wParam,
-                     platform::LParam lParam, Choose choose) {
-  const MenuInput input = ReadMenuInput(buttons, message, wParam, lParam);
-  if (input.action != MenuAction::None) choose();
-  const bool clicked = message == platform::WM_LBUTTONDOWN || message == platform::WM_RBUTTONDOWN;
-  if (clicked || input.moved || input.action != MenuAction::None) platform::InvalidateRect(window);
-}
+// Reads the message, lets the screen choose when it chose, and then repaints the window
+// after a click, a choice or a move of the highlight, so that a screen that draws only
+// when it is painted shows the change at once. Returns what the message did, for screens
+// that also answer a click beside their widgets.
+MenuInput AnswerMenuInput(ObjectList& widgets, platform::WindowHandle window, std::uint32_t message,
+                          platform::WParam wParam, platform::LParam lParam,
+                          const std::function<void(MenuAction)>& choose);

@@ -1,6 +1,9 @@
 #include "screens/MenuTune.h"
 
 #include "audio/SoundEffect.h"
+#include "screens/ClickSound.h"
+#include "shell/GameMode.h"
+#include "shell/Globals.h"
 
 MenuTune::~MenuTune() { FreeSound(music); }
 
@@ -18,4 +21,11 @@ void MenuTune::Deactivate() {
   if (keepMusic != 0) return;
   FreeSound(music);
   music = nullptr;
+}
+
+void OpenAboveMenu(GameMode& menu, MenuTune& tune, GameMode* screen) {
+  PlayClick();
+  pendingScreen = screen;
+  menu.state = kStatePush;
+  tune.keepMusic = 1;
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The looping tune of the main and pause menus, kept playing while the options or the
 // credits are open above the menu.
+class GameMode;
 struct SoundEffect;
 
 class MenuTune {
@@ -14,3 +15,6 @@ class MenuTune {
   SoundEffect* music = nullptr;
   int keepMusic = 0;
 };
+
+// The click, and the screen goes above the menu with the tune playing on under it.
+void OpenAboveMenu(GameMode& menu, MenuTune& tune, GameMode* screen);

@@ -1,8 +1,9 @@
 #include "screens/MessageScreen.h"
 
 #include "graphics/Text.h"
-#include "platform/Window.h"
+#include "screens/ClickSound.h"
 #include "screens/Frame.h"
+#include "screens/MenuInput.h"
 #include "shell/Globals.h"
 
 MessageScreen::MessageScreen(std::uint32_t id, const char* name, const char* message, const char* pictureFile)
@@ -26,30 +27,12 @@ int MessageScreen::Tick(std::uint32_t) {
 }
 
 LResult MessageScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
-  const int x = platform::PointX(lParam), y = platform::PointY(lParam);
-  const bool empty = text.empty();
-  switch (message) {
-    case platform::WM_LBUTTONDOWN:
-      if (buttons.HitTest(x, y) != kHitNothing) {
-        Continue();
-      } else if (empty) {
-        PlayClick();
-        Leave();
-      }
-      break;
-    case platform::WM_RBUTTONDOWN:
-      if (buttons.HitTest(x, y) != kHitNothing) Continue();
-      break;
-    case platform::WM_MOUSEMOVE:
-      buttons.HitTest(x, y);
-      break;
-    case platform::WM_KEYDOWN:
-      if (wParam == platform::VK_RETURN || wParam == platform::VK_SPACE) Continue();
-      if (wParam == platform::VK_UP || wParam == platform::VK_DOWN) {
-        buttons.Cycle(wParam == platform::VK_UP ? kCyclePrevious : kCycleNext);
-        platform::InvalidateRect(window);
-      }
-      break;
+  const MenuInput input =
+      AnswerMenuInput(buttons, window, message, wParam, lParam, [this](MenuAction) { Continue(); });
+  // Without a text there is no button to see: a click anywhere goes back.
+  if (input.missed && text.empty()) {
+    PlayClick();
+    Leave();
   }
   return 0;
 }

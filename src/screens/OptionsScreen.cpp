@@ -4,7 +4,7 @@
 
 #include "creatures/PlayerRecord.h"
 #include "graphics/Text.h"
-#include "platform/Window.h"
+#include "screens/ClickSound.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
 #include "shell/Globals.h"
@@ -44,15 +44,12 @@ int OptionsScreen::Activate() {
 
 LResult OptionsScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
   if (message == platform::WM_PAINT) Draw();
-  if (message == platform::WM_KEYDOWN && (wParam < 13 || wParam > 40)) return 0;
-  const MenuInput input = ReadMenuInput(buttons, message, wParam, lParam);
-  if (input.action != MenuAction::None) Choose(window, input.action == MenuAction::ChooseBackward ? -1 : 1);
-  const bool clicked = message == platform::WM_LBUTTONDOWN || message == platform::WM_RBUTTONDOWN;
-  if (clicked || input.moved) platform::InvalidateRect(window);
+  AnswerMenuInput(buttons, window, message, wParam, lParam,
+                  [this](MenuAction action) { Choose(action == MenuAction::ChooseBackward ? -1 : 1); });
   return 0;
 }
 
-void OptionsScreen::Choose(WindowHandle window, int direction) {
+void OptionsScreen::Choose(int direction) {
   if (!buttons.current) return;
   const auto id = buttons.current->GetId();
   if (id == kContinue) {
@@ -64,7 +61,6 @@ void OptionsScreen::Choose(WindowHandle window, int direction) {
   if (id == kGender) thePlayer.playerIsMale = Wrap(thePlayer.playerIsMale, direction, 0, 1);
   if (id == kDifficulty) thePlayer.difficulty = Wrap(thePlayer.difficulty, direction, 0, 2);
   if (id == kTextSpeed) thePlayer.textSpeed = Wrap(thePlayer.textSpeed, direction, 1, 10);
-  platform::InvalidateRect(window);
   SetCaptions();
 }
 

@@ -18,7 +18,8 @@ class OptionsScreen : public GameMode {
   Picture background;
 
  private:
-  void Choose(WindowHandle window, int direction);
+  // 1 steps the setting forward, -1 backward; the menu input repaints after it.
+  void Choose(int direction);
   void SetCaptions();
   void Draw();
 };

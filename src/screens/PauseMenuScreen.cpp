@@ -2,13 +2,10 @@
 
 #include "persist/SavedGame.h"
 #include "platform/FileDialog.h"
-#include "platform/Window.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
 #include "screens/OptionsScreen.h"
 #include "shell/Globals.h"
-
-int gameQuitRequest = 0;
 
 PauseMenuScreen::PauseMenuScreen(std::uint32_t id, const char* name)
     : GameMode(id, name), buttons(PackColour(180, 180, 230), PackColour(100, 255, 100)) {
@@ -36,11 +33,7 @@ int PauseMenuScreen::Deactivate() {
 LResult PauseMenuScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
   if (dialogOpen) return 0;
   if (message == platform::WM_PAINT) Draw();
-  if (message == platform::WM_KEYDOWN && (wParam < 13 || wParam > 40)) return 0;
-  const MenuInput input = ReadMenuInput(buttons, message, wParam, lParam);
-  if (input.action != MenuAction::None) Choose();
-  const bool clicked = message == platform::WM_LBUTTONDOWN || message == platform::WM_RBUTTONDOWN;
-  if (clicked || input.moved) platform::InvalidateRect(window);
+  AnswerMenuInput(buttons, window, message, wParam, lParam, [this](MenuAction) { Choose(); });
   return 0;
 }
 
@@ -59,10 +52,7 @@ void PauseMenuScreen::Choose() {
       break;
     }
     case kOptions:
-      PlayClick();
-      pendingScreen = new OptionsScreen(1, "DIFF_MODE");
-      state = kStatePush;
-      tune.keepMusic = 1;
+      OpenAboveMenu(*this, tune, new OptionsScreen(1, "DIFF_MODE"));
       break;
     case kQuitGame:
       gameQuitRequest = 1;

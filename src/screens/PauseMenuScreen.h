@@ -6,9 +6,6 @@
 #include "shell/GameMode.h"
 #include "ui/ObjectList.h"
 
-// Set by "Quit Game": the world map leaves at its next message, back to the main menu.
-extern int gameQuitRequest;
-
 class PauseMenuScreen : public GameMode {
  public:
   PauseMenuScreen(std::uint32_t id, const char* name);

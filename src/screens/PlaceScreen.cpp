@@ -1,13 +1,14 @@
 #include "screens/PlaceScreen.h"
 
 #include "audio/SoundEffect.h"
-#include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
 #include "graphics/Text.h"
-#include "platform/Window.h"
+#include "screens/ClickSound.h"
 #include "screens/CreatureInfoScreen.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
+#include "screens/PartyBoxes.h"
+#include "screens/Tiling.h"
 #include "shell/Globals.h"
 
 PlaceScreen::PlaceScreen(std::uint32_t id, const char* name, const char* backgroundFile, const char* fanfareFile,
@@ -36,7 +37,7 @@ int PlaceScreen::Tick(std::uint32_t) {
 
 LResult PlaceScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
   if (message == platform::WM_PAINT) Draw();
-  AnswerMenuInput(widgets, window, message, wParam, lParam, [this] { Choose(); });
+  AnswerMenuInput(widgets, window, message, wParam, lParam, [this](MenuAction) { Choose(); });
   return 0;
 }
 
@@ -51,18 +52,15 @@ int PlaceScreen::BoxSlot(int id) const { return id >= firstBox && id < firstBox 
 bool PlaceScreen::InspectBox(int id) {
   const int slot = BoxSlot(id);
   if (slot < 0) return false;
-  if (thePlayer.party[slot]) {
-    pendingScreen = new CreatureInfoScreen(1, "INSPECT_MODE", slot, 1);
-    state = kStatePush;
-  }
+  InspectSlot(*this, slot, 1);
   return true;
 }
 
 void PlaceScreen::Draw() {
   BeginFrame();
   TilePicture(background);
-  DrawPartyFrames(frame);
-  drawPartyStrip(-1);
+  DrawScenery();
+  DrawPartyBoxes(frame);
   SetTextColour(255, 255, 255);
   SetTextTransparent(1);
   DrawPlace();

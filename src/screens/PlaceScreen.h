@@ -1,7 +1,8 @@
 #pragma once
-// What the island's places (home, market, temple) share: the tiled floor, the party strip
-// with its boxes, the place's fanfare when the player comes in, and the widget list
-// answered like a menu. Each place adds its buttons, its own drawing and its choices.
+// What the island's places (home, market, temple and the wizards' towers) share: the tiled
+// floor, the party strip with its boxes, the place's fanfare when the player comes in, and
+// the widget list answered like a menu. Each place adds its buttons, its own drawing and
+// its choices.
 #include "graphics/Picture.h"
 #include "shell/GameMode.h"
 #include "ui/ObjectList.h"
@@ -10,7 +11,7 @@ struct SoundEffect;
 
 class PlaceScreen : public GameMode {
  public:
-  // The party box of slot k gets the id firstBox + k.
+  // The party box of slot k gets the id firstBox + k. A place without a fanfare passes null.
   PlaceScreen(std::uint32_t id, const char* name, const char* backgroundFile, const char* fanfareFile, int firstBox);
   ~PlaceScreen() override;
 
@@ -27,6 +28,8 @@ class PlaceScreen : public GameMode {
  protected:
   // The current widget was chosen.
   virtual void Choose() = 0;
+  // What stands on the floor behind the party strip; nothing by default.
+  virtual void DrawScenery() {}
   // The place's own text and pictures, in white text over the floor and the strip.
   virtual void DrawPlace() = 0;
   // The click, and back to the map.

@@ -3,13 +3,9 @@
 #include <cstdlib>
 
 #include "combat/CombatMode.h"
-#include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
 #include "graphics/Text.h"
-#include "platform/Window.h"
-#include "screens/CreatureInfoScreen.h"
-#include "screens/Frame.h"
-#include "screens/MenuInput.h"
+#include "screens/ClickSound.h"
 #include "shell/Globals.h"
 
 const int wizardTeamSpecies[kTowerCount][6] = {
@@ -55,11 +51,8 @@ int Checked(int tower) { return tower >= 0 && tower < kTowerCount ? tower : 0; }
 }  // namespace
 
 TowerScreen::TowerScreen(std::uint32_t id, const char* name, int tower)
-    : GameMode(id, name), widgets(PackColour(180, 180, 230), PackColour(100, 255, 100)), towerIndex(Checked(tower)) {
-  AddPartyBoxes(widgets, 1);
+    : PlaceScreen(id, name, "dat\\tower-back.bmp", nullptr, 1), towerIndex(Checked(tower)) {
   widgets.Add(new Button(0, "Battle!", 17, 220, 350, 420, 370, 2));
-  background.LoadPicture("dat\\tower-back.bmp");
-  frame.LoadPicture("dat\\outline2.bmp");
   wizardPicture.LoadPicture(wizardPictures[towerIndex]);
 }
 
@@ -73,37 +66,16 @@ int TowerScreen::Activate() {
       thePlayer.wizardDefeated[towerIndex] = 1;
     }
   }
-  Draw();
-  return 1;
-}
-
-int TowerScreen::Tick(std::uint32_t) {
-  Draw();
-  return 1;
-}
-
-LResult TowerScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
-  const MenuInput input = ReadMenuInput(widgets, message, wParam, lParam);
-  if (input.action != MenuAction::None) Choose();
-  if (message == platform::WM_KEYDOWN && input.moved) platform::InvalidateRect(window);
-  return 0;
+  return PlaceScreen::Activate();
 }
 
 void TowerScreen::Choose() {
   if (!widgets.current) return;
-  const int id = static_cast<int>(widgets.current->GetId());
-  if (id >= 1 && id <= kPartySize) {
-    if (thePlayer.party[id - 1]) {
-      pendingScreen = new CreatureInfoScreen(1, "INSPECT_MODE", id - 1, 1);
-      state = kStatePush;
-    }
-    return;
-  }
-  PlayClick();
+  if (InspectBox(static_cast<int>(widgets.current->GetId()))) return;
   if (fought == 1) {
-    pendingScreen = nullptr;
-    state = kStateLeave;
+    Leave();
   } else {
+    PlayClick();
     StartBattle();
   }
 }
@@ -127,15 +99,6 @@ const char* TowerScreen::Speech() const {
   return combatResult == 0 ? kDefeatSpeeches[towerIndex] : kTaunt;
 }
 
-void TowerScreen::Draw() {
-  BeginFrame();
-  TilePicture(background);
-  wizardPicture.DrawKeyed(100, 170, 0);
-  DrawPartyFrames(frame);
-  drawPartyStrip(-1);
-  SetTextTransparent(1);
-  SetTextColour(255, 255, 255);
-  DrawTextBox(2, Speech(), {220, 80, 540, 330}, nullptr, DT_CENTER | DT_WORDBREAK);
-  widgets.DrawAll();
-  EndFrame();
-}
+void TowerScreen::DrawScenery() { wizardPicture.DrawKeyed(100, 170, 0); }
+
+void TowerScreen::DrawPlace() { DrawTextBox(2, Speech(), {220, 80, 540, 330}, nullptr, DT_CENTER | DT_WORDBREAK); }

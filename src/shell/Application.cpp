@@ -3,9 +3,9 @@
 #include <cstdlib>
 
 #include "audio/SoundEffect.h"
-#include "creatures/PlayerRecord.h"
 #include "graphics/CrossFade.h"
 #include "graphics/Text.h"
+#include "platform/FrameUploader.h"
 #include "platform/Window.h"
 #include "shell/CommandLine.h"
 #include "shell/Globals.h"
@@ -41,7 +41,9 @@ std::uint32_t StartingSeed() {
   return platform::GetTickCount();
 }
 
-int Application::StartUp(const std::string& commandLine, const FirstScreenFactory& makeFirstScreen) {
+int Application::StartUp(const std::string& commandLine, const FirstScreenFactory& makeFirstScreen,
+                         const ShutDownHook& atShutDown) {
+  gameShutDown = atShutDown;
   windowedSwitch = ParseCommandLine(commandLine).windowed;
   currentScreen = nullptr;
   pendingScreen = nullptr;
@@ -123,8 +125,7 @@ void Application::ShutDown() {
   if (currentScreen) currentScreen->Deactivate();
   while (GameMode* top = modeStack.Pop()) delete top;
   currentScreen = nullptr;
-  // The party's pictures go while the display still exists.
-  thePlayer.ReleaseParty();
+  if (gameShutDown) gameShutDown();
   delete theMousePointer;
   theMousePointer = nullptr;
   FreeSound(clickSound);

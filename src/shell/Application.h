@@ -14,12 +14,16 @@ class Application {
  public:
   // The first screen of the game, made by start-up.
   using FirstScreenFactory = std::function<GameMode*()>;
+  // What the game releases at shutdown, once its screens are gone and while the display
+  // still exists.
+  using ShutDownHook = std::function<void()>;
 
   Application();
   ~Application();
 
   // Returns 1 on success; 0 when the display could not be set up.
-  int StartUp(const std::string& commandLine, const FirstScreenFactory& makeFirstScreen);
+  int StartUp(const std::string& commandLine, const FirstScreenFactory& makeFirstScreen,
+              const ShutDownHook& atShutDown = {});
   // Runs until the window is gone; returns the exit code of the quit message.
   int Run();
   // Runs for the given milliseconds of the clock; false once the loop has ended.
@@ -37,6 +41,7 @@ class Application {
   // One pass of the loop: a message, or a frame when one is due, or a wait.
   bool Step(std::uint32_t maxWait);
 
+  ShutDownHook gameShutDown;
   int exitCode = 0;
   bool ended = false;
 };

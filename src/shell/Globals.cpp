@@ -10,3 +10,4 @@ int shortcutSkip = 0;
 SoundEffect* clickSound = nullptr;
 MousePointer* theMousePointer = nullptr;
 int stayOnEventCell = 1;
+int gameQuitRequest = 0;

@@ -17,3 +17,6 @@ extern SoundEffect* clickSound;
 extern MousePointer* theMousePointer;
 // Set by an event screen as it goes: 1 when the player may stay on the event's cell.
 extern int stayOnEventCell;
+// Set by the pause menu's "Quit Game": the world map leaves at its next message, back to
+// the main menu.
+extern int gameQuitRequest;

@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
   int exitCode = 0;
   {
     Application application;
-    if (application.StartUp(commandLine, [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); })) {
+    if (application.StartUp(commandLine, [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }, ShutDownGame)) {
       exitCode = application.Run();
       application.ShutDown();
     }

@@ -1,10 +1,12 @@
 #include "ui/ObjectList.h"
 
+#include "platform/PackedColour.h"
+
 namespace {
 
-int Red(std::uint32_t c) { return static_cast<int>(c & 0xFF); }
-int Green(std::uint32_t c) { return static_cast<int>((c >> 8) & 0xFF); }
-int Blue(std::uint32_t c) { return static_cast<int>((c >> 16) & 0xFF); }
+void DrawInColour(Box& widget, std::uint32_t colour) {
+  widget.Draw(platform::PackedRed(colour), platform::PackedGreen(colour), platform::PackedBlue(colour));
+}
 
 }  // namespace
 
@@ -40,11 +42,9 @@ void ObjectList::DrawAll() {
   Box* widget = first;
   do {
     if (widget == current) {
-      if (widget->picture || widget->caption) {
-        widget->Draw(Red(highlightColour), Green(highlightColour), Blue(highlightColour));
-      }
+      if (widget->picture || widget->caption) DrawInColour(*widget, highlightColour);
     } else if (widget->caption) {
-      widget->Draw(Red(normalColour), Green(normalColour), Blue(normalColour));
+      DrawInColour(*widget, normalColour);
     }
     widget = static_cast<Box*>(items.NextWrap());
   } while (widget != first);

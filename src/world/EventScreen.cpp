@@ -5,7 +5,7 @@
 
 #include "creatures/PlayerRecord.h"
 #include "graphics/Text.h"
-#include "platform/Window.h"
+#include "screens/ClickSound.h"
 #include "screens/Frame.h"
 #include "screens/MenuInput.h"
 #include "shell/Globals.h"
@@ -56,9 +56,7 @@ int EventScreen::Tick(std::uint32_t) {
 }
 
 LResult EventScreen::HandleMessage(WindowHandle window, std::uint32_t message, WParam wParam, LParam lParam) {
-  const MenuInput input = ReadMenuInput(widgets, message, wParam, lParam);
-  if (input.action != MenuAction::None) Action();
-  if (message == platform::WM_KEYDOWN && input.moved) platform::InvalidateRect(window);
+  AnswerMenuInput(widgets, window, message, wParam, lParam, [this](MenuAction) { Action(); });
   return 0;
 }
 

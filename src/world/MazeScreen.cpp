@@ -13,7 +13,7 @@
 #include "graphics/Text.h"
 #include "platform/Window.h"
 #include "screens/CreatureInfoScreen.h"
-#include "screens/Frame.h"
+#include "screens/ClickSound.h"
 #include "screens/MessageScreen.h"
 #include "shell/Globals.h"
 #include "shell/Random.h"

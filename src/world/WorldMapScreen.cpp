@@ -3,16 +3,17 @@
 #include <cmath>
 
 #include "audio/SoundEffect.h"
-#include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
 #include "graphics/Blit.h"
 #include "graphics/CrossFade.h"
 #include "graphics/Text.h"
-#include "platform/Window.h"
 #include "screens/CreatureInfoScreen.h"
+#include "screens/ClickSound.h"
 #include "screens/Frame.h"
 #include "screens/HomeScreen.h"
 #include "screens/MarketScreen.h"
+#include "screens/MenuInput.h"
+#include "screens/PartyBoxes.h"
 #include "screens/PauseMenuScreen.h"
 #include "screens/TempleScreen.h"
 #include "screens/TowerScreen.h"
@@ -84,27 +85,13 @@ LResult WorldMapScreen::HandleMessage(WindowHandle window, std::uint32_t message
     gameQuitRequest = 0;
     return 0;
   }
+  const MenuInput input =
+      AnswerMenuInput(widgets, window, message, wParam, lParam, [this](MenuAction) { WidgetAction(); });
   const int x = platform::PointX(lParam), y = platform::PointY(lParam);
-  switch (message) {
-    case platform::WM_MOUSEMOVE:
-      widgets.HitTest(x, y);
-      // The last near row wins the hover; with none near, the name stays.
-      if (LocationInfo* near = PlaceNear(x, y, true)) hovered = near;
-      break;
-    case platform::WM_LBUTTONDOWN:
-      if (widgets.HitTest(x, y) != kHitNothing) WidgetAction();
-      else ClickPlace(x, y);
-      break;
-    case platform::WM_RBUTTONDOWN:
-      if (widgets.HitTest(x, y) != kHitNothing) WidgetAction();
-      break;
-    case platform::WM_KEYDOWN:
-      if (wParam == platform::VK_RETURN || wParam == platform::VK_SPACE) WidgetAction();
-      if (wParam == platform::VK_UP || wParam == platform::VK_DOWN) {
-        widgets.Cycle(wParam == platform::VK_UP ? kCyclePrevious : kCycleNext);
-        platform::InvalidateRect(window);
-      }
-      break;
+  if (input.missed) ClickPlace(x, y);
+  if (message == platform::WM_MOUSEMOVE) {
+    // The last near row wins the hover; with none near, the name stays.
+    if (LocationInfo* near = PlaceNear(x, y, true)) hovered = near;
   }
   return 0;
 }
@@ -138,8 +125,8 @@ void WorldMapScreen::WidgetAction() {
   if (id == 0) {
     PlayClick();
     Push(new PauseMenuScreen(1, "PAUSE OPTION MODE"));
-  } else if (id >= 1 && id <= kPartySize && thePlayer.party[id - 1]) {
-    Push(new CreatureInfoScreen(1, "INSPECT_MODE", id - 1, 1));
+  } else if (id >= 1 && id <= kPartySize) {
+    InspectSlot(*this, id - 1, 1);
   }
 }
 
@@ -162,8 +149,7 @@ void WorldMapScreen::Draw() {
       SetTextColour(255, 255, 255);
     }
   }
-  DrawPartyFrames(frame);
-  drawPartyStrip(-1);
+  DrawPartyBoxes(frame);
   if (hovered) {
     const int x = hovered->mapX, y = hovered->mapY;
     SetTextColour(15, 15, 15);

@@ -1,6 +1,7 @@
 // areacheck FILE...: checks the area files, given in tier order, and says what is wrong
 // with each. Exit code 0 when nothing is.
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,8 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     const std::string arg = argv[i];
     if (arg.rfind("--data=", 0) == 0) options.dataRoot = arg.substr(7);
-    else files.push_back(arg);
+    // The game opens relative names in its data folder; a name typed here means the shell's folder.
+    else files.push_back(std::filesystem::absolute(arg).string());
   }
   if (files.empty()) {
     std::fprintf(stderr, "usage: areacheck [--data=FOLDER] FILE...\n");

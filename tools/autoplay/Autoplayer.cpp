@@ -54,11 +54,13 @@ constexpr float kRetreatBelow = 1.0f;
 constexpr float kKeepFighting = 1.2f;
 // How much stronger than a wizard's team the party wants to be before its first try;
 // each lost try adds kMarginStep.
-constexpr float kFirstMargin = 1.5f;
+constexpr float kFirstMargin = 2.0f;
 constexpr float kMarginStep = 0.5f;
 // Catching fails three times in four, and every failure gives the wild Kindrel a free
 // turn: after this many tries the player fights instead.
 constexpr int kMostCatchTries = 4;
+// A duel in which neither side's spells get through would never end; a person gives up.
+constexpr int kMostIdleTurns = 40;
 
 const char* ScreenName(const GameMode* screen) { return screen ? screen->GetName() : ""; }
 
@@ -132,7 +134,8 @@ Outcome Autoplayer::Play() {
   platform::InstallBackend(&backend);
   application = std::make_unique<Application>();
   seed = StartingSeed();
-  started = application->StartUp("-F", [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }) != 0;
+  started =
+      application->StartUp("-F", [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }, ShutDownGame) != 0;
   if (!started) {
     reason = "the game could not start";
     return Outcome::Stuck;
@@ -464,6 +467,8 @@ void Autoplayer::CombatBegins(CombatMode& combat) {
   replacementSlot = -1;
   opponentSeen = -1;
   catchTries = 0;
+  idleTurns = 0;
+  opponentHitPoints = -1;
   partyAtStart = thePlayer.PartyCount();
   if (combatIsWild) {
     stats[combatTier].encounters += 1;
@@ -519,6 +524,10 @@ void Autoplayer::OnCombat(CombatMode& combat) {
   }
   // A new opponent, or a creature that the game sent in for a fainted one: choose afresh.
   if (combat.opponentIndex != opponentSeen || combat.activeSlot != expectedActive) fighterChosen = false;
+  if (combat.opponentIndex != opponentSeen) {
+    idleTurns = 0;
+    opponentHitPoints = -1;
+  }
   opponentSeen = combat.opponentIndex;
 
   const Kindrel& active = *combat.Active();
@@ -545,6 +554,13 @@ void Autoplayer::OnCombat(CombatMode& combat) {
     catchTries += 1;
     Log("tries to catch the %s", combat.opponent->name);
     Click(kCombatCatch.x, kCombatCatch.y);
+    return;
+  }
+  if (combat.opponent->hitPoints < opponentHitPoints) idleTurns = 0;
+  opponentHitPoints = combat.opponent->hitPoints;
+  if (++idleTurns > kMostIdleTurns) {
+    Log("gives up on the %s: no spell gets through", combat.opponent->name);
+    Click(kCombatRetreat.x, kCombatRetreat.y);
     return;
   }
   const Point button = SpellButton(BestSpellSlot(*active.species, active.level, active.spellsKnown));

@@ -142,6 +142,8 @@ class Autoplayer {
   int expectedActive = -1;      // the fighter the player left in
   int opponentSeen = -1;        // the opponent's place in its team
   int catchTries = 0;           // against this wild Kindrel
+  int idleTurns = 0;            // spells cast since the opponent last lost hit points
+  int opponentHitPoints = -1;   // the opponent's hit points at the last spell
   int partyAtStart = 0;
 
   // The maze.

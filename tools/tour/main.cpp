@@ -10,11 +10,12 @@
 #include "Tour.h"
 #include "platform/DataPath.h"
 #include "platform/Window.h"
+#include "screens/MainMenuScreen.h"
 #include "shell/Globals.h"
 
 TourGame::TourGame(const Application::FirstScreenFactory& first) {
   platform::InstallBackend(&backend);
-  application.StartUp("-F", first);
+  application.StartUp("-F", first, ShutDownGame);
 }
 
 TourGame::~TourGame() {

@@ -4,13 +4,14 @@
 #include <cstdlib>
 #include <functional>
 
+#include "ShowcaseParty.h"
 #include "Tour.h"
 #include "combat/CombatMode.h"
-#include "creatures/PartyStrip.h"
 #include "creatures/PlayerRecord.h"
-#include "creatures/ShowcaseParty.h"
 #include "graphics/Picture.h"
 #include "screens/Frame.h"
+#include "screens/PartyBoxes.h"
+#include "screens/Tiling.h"
 #include "shell/Globals.h"
 
 namespace {
@@ -26,8 +27,7 @@ class StripScreen : public GameMode {
   int Tick(std::uint32_t) override {
     BeginFrame();
     TilePicture(floor);
-    DrawPartyFrames(frame);
-    drawPartyStrip(-1);
+    DrawPartyBoxes(frame);
     EndFrame();
     return 1;
   }

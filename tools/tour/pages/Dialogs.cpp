@@ -13,11 +13,12 @@
 #include <string>
 #include <vector>
 
+#include "ShowcaseParty.h"
 #include "Tour.h"
 #include "creatures/PlayerRecord.h"
-#include "creatures/ShowcaseParty.h"
 #include "platform/FileDialog.h"
 #include "platform/FileDialogView.h"
+#include "platform/FrameUploader.h"
 #include "platform/SavesFolder.h"
 #include "platform/Window.h"
 #include "screens/MainMenuScreen.h"

@@ -1,10 +1,10 @@
 // Tour pages of the hub: the credits, the options, the world map of a new game and of a
 // later one with a beaten wizard, the pause menu, the creature information screen with a
 // rename in progress and with SWAP armed, and a tower before and after a won battle.
+#include "ShowcaseParty.h"
 #include "Tour.h"
 #include "combat/CombatMode.h"
 #include "creatures/PlayerRecord.h"
-#include "creatures/ShowcaseParty.h"
 #include "screens/CreatureInfoScreen.h"
 #include "screens/MainMenuScreen.h"
 #include "screens/MessageScreen.h"

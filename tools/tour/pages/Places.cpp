@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
+#include "ShowcaseParty.h"
 #include "Tour.h"
 #include "creatures/PlayerRecord.h"
-#include "creatures/ShowcaseParty.h"
 #include "graphics/Display.h"
 #include "graphics/Text.h"
 #include "platform/Font.h"

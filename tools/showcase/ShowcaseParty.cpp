@@ -1,4 +1,4 @@
-#include "creatures/ShowcaseParty.h"
+#include "ShowcaseParty.h"
 
 void FillShowcaseParty(PlayerRecord& record) {
   record.ReleaseParty();

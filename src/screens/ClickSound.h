@@ -1,0 +1,3 @@
+#pragma once
+// The click of every menu button.
+void PlayClick();
