@@ -11,7 +11,6 @@
 #include "screens/MainMenuScreen.h"
 #include "screens/MessageScreen.h"
 #include "screens/OptionsScreen.h"
-#include "screens/PauseMenuScreen.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 #include "support/WaveBytes.h"
