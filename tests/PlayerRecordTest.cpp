@@ -8,7 +8,7 @@
 #include <set>
 #include <sstream>
 
-#include "creatures/ShowcaseParty.h"
+#include "ShowcaseParty.h"
 #include "persist/SavedGame.h"
 #include "platform/AtomicFile.h"
 #include "support/HeadlessGame.h"
