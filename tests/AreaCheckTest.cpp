@@ -3,27 +3,18 @@
 // second.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <unistd.h>
-#include <vector>
-
 #include "AreaCheck.h"
 #include "platform/Font.h"
+#include "support/TestData.h"
 
 namespace {
 
 class AreaCheckTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() / ("quarnwick-areacheck-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder);
-    font = platform::Font::Open("Arial Bold", 24, 400);
     options.smallestSide = 1;
     options.font = font.get();
   }
-  void TearDown() override { std::filesystem::remove_all(folder); }
 
   // The problems of the areas, in tier order, with the overall ones last.
   std::vector<std::string> Check(const std::vector<std::string>& areas) {
@@ -40,8 +31,8 @@ class AreaCheckTest : public ::testing::Test {
     return problems;
   }
 
-  std::filesystem::path folder;
-  std::unique_ptr<platform::Font> font;
+  TempFolder folder{"areacheck"};
+  std::unique_ptr<platform::Font> font = platform::Font::Open("Arial Bold", 24, 400);
   AreaCheckOptions options;
 };
 

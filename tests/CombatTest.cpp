@@ -1,15 +1,10 @@
 // Combats driven through the message loop: the messages of an exchange in their order,
 // input during messages, changing creatures, boosts and resistances, retreating, catching,
 // and winning with a level-up. Fixed seeds make every run the same.
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <functional>
 
 #include "combat/CombatMode.h"
-#include "creatures/PlayerRecord.h"
 #include "screens/CreatureInfoScreen.h"
-#include "shell/Globals.h"
 #include "shell/Random.h"
 #include "support/HeadlessGame.h"
 
@@ -19,36 +14,28 @@ constexpr int kBluberd = 0, kFleenu = 4, kStondre = 35, kGradon = 32;
 
 class CombatTest : public ::testing::Test {
  protected:
+  void SetUp() override { thePlayer.StartNewGame(); }
   void TearDown() override {
     game.reset();
-    thePlayer.ReleaseParty();
-    thePlayer.difficulty = kNormal;
-    thePlayer.textSpeed = 5;
-    thePlayer.firstCatchDone = 0;
-    for (SpeciesInfo& row : speciesTable) row.encounterLevel = 0;
+    ResetGameRecord();
   }
-  // A game whose first screen is a probe, with the combat pushed above it.
-  // Set the party up before: ending a game releases it.
+  // A game whose first screen is a probe, with the combat pushed above it. The party is
+  // the new game's unless set up before (a game that ends releases it: loops start anew).
   void Fight(std::vector<std::pair<int, int>> opponents, int catchAllowed = 1) {
-    log.clear();
-    game = std::make_unique<HeadlessGame>([this] { return new ProbeScreen("MAZE", &log); });
-    below = static_cast<ProbeScreen*>(currentScreen);
+    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("MAZE", &log); });
     auto** list = static_cast<SpeciesInfo**>(std::malloc(sizeof(SpeciesInfo*) * opponents.size()));
     for (std::size_t i = 0; i < opponents.size(); ++i) {
       list[i] = SpeciesAt(opponents[i].first);
       list[i]->encounterLevel = opponents[i].second;
     }
-    const int count = static_cast<int>(opponents.size());
-    below->onMessage = [this, list, count, catchAllowed](std::uint32_t message, WParam wParam, LParam) {
-      if (message == platform::WM_KEYDOWN && wParam == 'B') {
-        pendingScreen = new CombatMode(1, "COMBAT MODE", list, count, "dat\\tower-back.bmp", catchAllowed, 0, 0, 0, 0);
-        below->state = kStatePush;
-      }
-    };
-    game->backend.KeyPress('B');
-    game->RunFor(20);
+    game->Push(new CombatMode(1, "COMBAT MODE", list, static_cast<int>(opponents.size()), "dat\\tower-back.bmp",
+                              catchAllowed, 0, 0, 0, 0), 20);
     combat = static_cast<CombatMode*>(currentScreen);
     ASSERT_STREQ(combat->GetName(), "COMBAT MODE");
+  }
+  void Again() {
+    game.reset();
+    thePlayer.StartNewGame();
   }
   // Runs until the condition holds (or the combat is gone), writing down every new message.
   bool RunUntil(const std::function<bool()>& done, int limitMs = 120000) {
@@ -67,6 +54,13 @@ class CombatTest : public ::testing::Test {
     game->RunFor(10);
   }
   void CastSpell(int slot) { Click(100, 210 + 26 * slot); }
+  // Casts the spell and runs, writing down the messages anew, until the player chooses
+  // again and `also` holds.
+  bool Cast(int slot, const std::function<bool()>& also = [] { return true; }) {
+    messages.clear();
+    CastSpell(slot);
+    return RunUntil([&] { return InPhase(kPhaseWaiting) && also(); });
+  }
   // The player's creature always hits and acts first.
   static void Sure(Kindrel& k) { k.status[Accuracy] = k.status[Speed] = 50; }
 
@@ -82,15 +76,12 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
   // give two hits come with some seeds and not with others; the first such seed is used.
   bool found = false;
   for (std::uint32_t seed = 1; seed < 200 && !found; ++seed) {
-    game.reset();
-    thePlayer.StartNewGame();
+    Again();
     Fight({{kBluberd, 2}});
     EXPECT_EQ(combat->message, "Mookie is battling a Bluberd!");
     WaitForChoice();
-    messages.clear();
     SeedRandom(seed);
-    CastSpell(0);
-    ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+    ASSERT_TRUE(Cast(0));
     if (combat->opponent->hitPoints != 3 || thePlayer.party[0]->hitPoints != 1) continue;
     found = true;
     EXPECT_EQ(messages, (std::vector<std::string>{"Mookie uses Zap on the Bluberd!", "The Bluberd loses 1 point!",
@@ -101,19 +92,16 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
 }
 
 TEST_F(CombatTest, InputDuringMessagesAndTheButtons) {
-  thePlayer.StartNewGame();
   thePlayer.textSpeed = 10;
   Fight({{kBluberd, 1}});
-  EXPECT_EQ(textDelay, 15);
-  EXPECT_EQ(combat->countdownLength, 30) << "the opening message lasts twice the text delay";
+  EXPECT_EQ(std::pair(textDelay, combat->countdownLength), std::pair(15, 30)) << "the opening lasts twice the delay";
   // A click during a message ends it at the next tick; a key only plays the refusal.
   game->backend.KeyPress(platform::VK_RETURN);
   game->RunFor(100);
   EXPECT_EQ(combat->phase, kPhaseOpening);
   Click(10, 10);
   game->RunFor(40);
-  EXPECT_EQ(combat->phase, kPhaseWaiting);
-  EXPECT_EQ(combat->message, "Choose a spell.");
+  EXPECT_EQ(std::tuple(combat->phase, combat->message), std::tuple(kPhaseWaiting, "Choose a spell."));
 
   // Two known spells, two buttons (the other tests click them where they stand).
   ASSERT_NE(combat->widgets.FindById(kFirstSpellButton + 1), nullptr);
@@ -123,7 +111,6 @@ TEST_F(CombatTest, InputDuringMessagesAndTheButtons) {
 }
 
 TEST_F(CombatTest, ChangingCreatures) {
-  thePlayer.StartNewGame();
   thePlayer.party[2] = Kindrel::Create(kGradon, 3);
   thePlayer.party[2]->hitPoints = 0;  // fainted, but it may still be sent in
   Fight({{kBluberd, 1}});
@@ -131,12 +118,10 @@ TEST_F(CombatTest, ChangingCreatures) {
   Click(580, 330);  // Change
   EXPECT_EQ(combat->message, "Choose another Kindrel!");
   Click(150, 420);  // the empty box of slot 1: the change ends without a word
-  EXPECT_EQ(combat->choosingReplacement, 0);
-  EXPECT_EQ(combat->activeSlot, 0);
+  EXPECT_EQ(std::pair(combat->choosingReplacement, combat->activeSlot), std::pair(0, 0));
   Click(580, 330);
   Click(260, 420);  // slot 2
-  EXPECT_EQ(combat->activeSlot, 2);
-  EXPECT_EQ(combat->message, "Gradon enters the battle!");
+  EXPECT_EQ(std::tuple(combat->activeSlot, combat->message), std::tuple(2, "Gradon enters the battle!"));
   EXPECT_STREQ(combat->widgets.FindById(kFirstSpellButton)->Caption(), "Mega Zap");
   EXPECT_EQ(combat->phase, kPhaseWaiting) << "the player still chooses a spell";
 
@@ -151,8 +136,8 @@ TEST_F(CombatTest, ChangingCreatures) {
   combat->opponent->status[Speed] = 50;  // the Bluberd acts first
   CastSpell(0);
   ASSERT_TRUE(RunUntil([&] { return combat->activeSlot == 0; }));
-  EXPECT_EQ(combat->message, "Mookie is now battling the Bluberd!");
-  EXPECT_EQ(combat->phase, kPhaseOpening);
+  EXPECT_EQ(std::tuple(combat->message, combat->phase),
+            std::tuple("Mookie is now battling the Bluberd!", kPhaseOpening));
 }
 
 TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
@@ -162,9 +147,7 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
   Fight({{kStondre, 1}});
   WaitForChoice();
   combat->opponent->status[Accuracy] = -50;  // the Stondre never hits
-  messages.clear();
-  CastSpell(4);
-  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(4));
   EXPECT_EQ(messages.front(), "Squeaker uses Concentrate!");
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 1.0f) << "boosted, and boosts do not wear off";
   for (const std::string& m : messages) EXPECT_EQ(m.find("loses"), std::string::npos) << m;
@@ -174,27 +157,22 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
   thePlayer.party[1]->status[Accuracy] = 50;  // always hits
   Click(580, 330);
   Click(150, 420);
-  messages.clear();
-  CastSpell(1);  // Hypnotize
-  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(1));  // Hypnotize
   EXPECT_NE(std::find(messages.begin(), messages.end(), "The Stondre resists being paralyzed!"), messages.end());
   EXPECT_EQ(combat->opponent->status[Paralyzed], 0.0f);
 
   // Retreat leaves at once; the boost ends with the combat.
   Click(580, 355);
-  EXPECT_EQ(currentScreen, below);
-  EXPECT_EQ(combatResult, 2);
+  EXPECT_EQ(std::tuple(currentScreen, combatResult), std::tuple(static_cast<GameMode*>(below), 2));
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f);
 }
 
 TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
-  thePlayer.StartNewGame();
   Fight({{kBluberd, 4}});
   WaitForChoice();
   Sure(*thePlayer.party[0]);
   combat->opponent->hitPoints = 2;  // a hit leaves it at 1: weak
-  CastSpell(0);
-  ASSERT_TRUE(RunUntil([&] { return InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(0));
   ASSERT_NE(combat->widgets.FindById(kCatchButton), nullptr);
   Click(590, 300);
   EXPECT_EQ(combat->message, "You caught the Bluberd!");
@@ -202,17 +180,16 @@ TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
   EXPECT_EQ(combatResult, 0);
   EXPECT_NE(std::find(messages.begin(), messages.end(), "You win this battle!"), messages.end());
   ASSERT_NE(thePlayer.party[1], nullptr);
-  EXPECT_STREQ(thePlayer.party[1]->name, "Bluberd");
-  EXPECT_EQ(thePlayer.party[1]->experience, 90u) << "10 x (level - 1)^2";
-  EXPECT_EQ(thePlayer.party[1]->hitPoints, 1) << "it keeps its hit points";
+  // Its experience is 10 x (level - 1)^2; it keeps its hit points.
+  const Kindrel& caught = *thePlayer.party[1];
+  EXPECT_EQ(std::tuple(std::string(caught.name), caught.experience, caught.hitPoints), std::tuple("Bluberd", 90u, 1));
   EXPECT_EQ(thePlayer.firstCatchDone, 1);
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f) << "status cleared when the combat ends";
 }
 
 TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
   for (const bool fullParty : {true, false}) {
-    game.reset();
-    thePlayer.StartNewGame();
+    Again();
     if (fullParty) {
       for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);
     }
@@ -221,29 +198,25 @@ TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
     Sure(*thePlayer.party[0]);
     combat->opponent->hitPoints = 2;
     combat->opponent->status[Accuracy] = -50;
-    CastSpell(0);
-    ASSERT_TRUE(RunUntil([&] { return combat->opponent->hitPoints == 1 && InPhase(kPhaseWaiting); }));
+    ASSERT_TRUE(Cast(0, [&] { return combat->opponent->hitPoints == 1; }));
     EXPECT_EQ(combat->widgets.FindById(kCatchButton), nullptr) << (fullParty ? "full party" : "a wizard's team");
   }
 }
 
 TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
-  thePlayer.StartNewGame();
   thePlayer.party[0]->experience = 9;
   Fight({{kBluberd, 1}, {kFleenu, 2}}, 0);
   WaitForChoice();
   Sure(*thePlayer.party[0]);
   combat->opponent->hitPoints = 1;
-  messages.clear();
-  CastSpell(0);
-  ASSERT_TRUE(RunUntil([&] { return combat->opponentIndex == 1 && InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(0, [&] { return combat->opponentIndex == 1; }));
   const std::vector<std::string> expected = {"Mookie uses Zap on the Bluberd!", "The Bluberd loses 1 point!",
                                              "Mookie is now level 2!", "The Bluberd retreats!",
                                              "Mookie is battling a Fleenu!", "Choose a spell."};
   EXPECT_EQ(messages, expected);
-  EXPECT_EQ(thePlayer.party[0]->level, 2);
-  EXPECT_EQ(thePlayer.party[0]->experience, 14u) << "9 and the award of 5 for a level-1 opponent";
-  EXPECT_EQ(thePlayer.party[0]->hitPoints, 6) << "a new level heals";
+  // Experience 9 and the award of 5 for a level-1 opponent; a new level heals.
+  const Kindrel& mookie = *thePlayer.party[0];
+  EXPECT_EQ(std::tuple(mookie.level, mookie.experience, mookie.hitPoints), std::tuple(2, 14u, 6));
   EXPECT_EQ(combat->opponentOffsetX, 0.0f) << "the new opponent stands in its place";
 }
 
@@ -256,8 +229,7 @@ TEST_F(CombatTest, ASpellGainedByALevelUpShowsFromTheNextChange) {
   WaitForChoice();
   Sure(*thePlayer.party[0]);
   combat->opponent->hitPoints = 1;
-  CastSpell(0);
-  ASSERT_TRUE(RunUntil([&] { return combat->opponentIndex == 1 && InPhase(kPhaseWaiting); }));
+  ASSERT_TRUE(Cast(0, [&] { return combat->opponentIndex == 1; }));
   ASSERT_EQ(thePlayer.party[0]->spellsKnown, 3);
   EXPECT_EQ(combat->widgets.FindById(kFirstSpellButton + 2), nullptr) << "the buttons of the combat's start";
   EXPECT_EQ(combat->widgets.current->GetId(), static_cast<std::uint32_t>(kFirstSpellButton)) << "the highlight stays";
@@ -268,8 +240,7 @@ TEST_F(CombatTest, ASpellGainedByALevelUpShowsFromTheNextChange) {
 
 TEST_F(CombatTest, AnOpponentRowBelowLevelOneFightsAtLevelOne) {
   for (const int level : {0, -3}) {
-    game.reset();
-    thePlayer.StartNewGame();
+    Again();
     Fight({{kGradon, level}});
     EXPECT_EQ(combat->message, "Mookie is battling a Gradon!") << level;
     EXPECT_EQ(combat->opponent->level, 1) << level;

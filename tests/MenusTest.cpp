@@ -1,24 +1,16 @@
-// The main menu, the options and the pause menu, driven from start-up like a player:
-// the buttons by mouse and keys, the settings wrapping round, the tune kept across the
-// options and the credits, a new game, and quitting a game back to the menu.
-#include <gtest/gtest.h>
-
+// The main menu, the options, the pause menu and the message screen, driven from start-up
+// like a player: the buttons by mouse and keys, the settings wrapping round, the tune kept
+// across the options and the credits, a new game, quitting a game back to the menu, saving
+// and loading; and a message screen above another screen, left with and without a text.
+#include <cerrno>
 #include <cmath>
 #include <numbers>
 
-#include <cerrno>
-#include <filesystem>
-#include <fstream>
-
-#include "creatures/PlayerRecord.h"
 #include "platform/AtomicFile.h"
-#include "platform/DataPath.h"
 #include "platform/DrawText.h"
 #include "screens/MainMenuScreen.h"
+#include "screens/MessageScreen.h"
 #include "screens/OptionsScreen.h"
-#include "screens/PauseMenuScreen.h"
-#include "world/WorldMapScreen.h"
-#include "shell/Globals.h"
 #include "support/HeadlessGame.h"
 #include "support/TestData.h"
 #include "support/WaveBytes.h"
@@ -40,12 +32,16 @@ class MenusTest : public ::testing::Test {
   }
   void TearDown() override {
     game.reset();
-    thePlayer.ReleaseParty();
-    thePlayer.difficulty = kNormal;
-    thePlayer.textSpeed = 5;
-    thePlayer.playerIsMale = 1;
+    ResetGameRecord();
   }
   const char* Top() const { return currentScreen ? currentScreen->GetName() : ""; }
+  // The dialog of the save or load button (both at the same place) answered; the screen
+  // then on top.
+  std::string SaveOrLoad(const std::optional<std::string>& answer) {
+    game->backend.ScriptDialog(answer);
+    game->Click(320, 325);
+    return Top();
+  }
   // How often a looping sound was started.
   int TuneStarts() const {
     int n = 0;
@@ -77,8 +73,7 @@ TEST_F(MenusTest, EnterAtOnceQuitsAndClicksBesideButtonsDoNothing) {
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
   game->backend.MouseMove(320, 425);  // back to "Quit to Desktop"
   game->Key(platform::VK_RETURN);
-  EXPECT_TRUE(game->application->Ended());
-  EXPECT_EQ(game->application->ExitCode(), 0);
+  EXPECT_EQ(std::pair(game->application->Ended(), game->application->ExitCode()), std::pair(true, 0));
 }
 
 TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {
@@ -87,12 +82,9 @@ TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {
   ASSERT_STREQ(Top(), "DIFF_MODE");
   auto* options = static_cast<OptionsScreen*>(currentScreen);
   EXPECT_EQ(options->buttons.current->GetId(), OptionsScreen::kContinue);
-  game->Click(320, 355);
-  game->Click(320, 355);
-  game->Click(320, 355);
+  for (int i = 0; i < 3; ++i) game->Click(320, 355);
   EXPECT_EQ(thePlayer.difficulty, kNormal) << "three steps forward come round again";
-  game->RightClick(320, 355);
-  game->RightClick(320, 355);
+  for (int i = 0; i < 2; ++i) game->RightClick(320, 355);
   EXPECT_EQ(thePlayer.difficulty, kHard) << "backward from EASY gives HARD";
   EXPECT_STREQ(options->buttons.FindById(OptionsScreen::kDifficulty)->Caption(), "Difficulty: HARD");
   thePlayer.textSpeed = 10;
@@ -121,8 +113,8 @@ TEST_F(MenusTest, OptionsWrapRoundAndTheTuneKeepsPlaying) {
   for (int i = 3; i < 6; ++i) EXPECT_EQ(lines[i].back(), '.') << lines[i];
   game->Click(320, 380);
   EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
-  EXPECT_EQ(TuneStarts(), 1);
-  EXPECT_EQ(game->backend.AudioOutput().LiveBuffers(), 2) << "the click and the one tune";
+  EXPECT_EQ(std::pair(TuneStarts(), game->backend.AudioOutput().LiveBuffers()), std::pair(1, 2))
+      << "the one tune; the click and the tune live";
 }
 
 TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
@@ -130,9 +122,8 @@ TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
   thePlayer.textSpeed = 9;
   game->Click(320, 295);
   ASSERT_STREQ(Top(), "MAP_MODE");
-  EXPECT_EQ(thePlayer.difficulty, kEasy);
-  EXPECT_EQ(thePlayer.textSpeed, 9);
-  EXPECT_EQ(thePlayer.PartyCount(), 1) << "Mookie";
+  EXPECT_EQ(std::tuple(thePlayer.difficulty, thePlayer.textSpeed, thePlayer.PartyCount()), std::tuple(kEasy, 9, 1))
+      << "the options, and Mookie";
 
   // Options on the map, then Quit Game: back through the map to the menu.
   game->Key(platform::VK_RETURN);
@@ -140,8 +131,7 @@ TEST_F(MenusTest, ANewGameKeepsTheOptionsAndQuittingItReturnsToTheMenu) {
   game->Key(platform::VK_RETURN);  // "Quit Game" is current
   game->backend.MouseMove(5, 5);
   game->RunFor(200);
-  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE");
-  EXPECT_EQ(gameQuitRequest, 0);
+  EXPECT_EQ(std::tuple(std::string(Top()), gameQuitRequest), std::tuple("MAIN_OPTION_MODE", 0));
   EXPECT_EQ(TuneStarts(), 3) << "the menu, the pause menu, and the menu again after a game";
 }
 
@@ -152,20 +142,14 @@ TEST_F(MenusTest, SavingFromThePauseMenuAndLoadingFromTheMainMenu) {
   game->Key(platform::VK_RETURN);  // the map's "Options"
   ASSERT_STREQ(Top(), "PAUSE OPTION MODE");
   // Cancelled: nothing written, the pause menu stays.
-  game->backend.ScriptDialog(std::nullopt);
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "PAUSE OPTION MODE");
+  EXPECT_EQ(SaveOrLoad(std::nullopt), "PAUSE OPTION MODE");
   // A write that fails says so and stays.
   platform::FailNextFileWrites(1, EACCES);
-  game->backend.ScriptDialog(save);
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "PAUSE OPTION MODE");
+  EXPECT_EQ(SaveOrLoad(save), "PAUSE OPTION MODE");
   ASSERT_FALSE(game->backend.MessageBoxes().empty());
   EXPECT_EQ(game->backend.MessageBoxes().back().caption, "Cannot save the game");
   // A completed save goes back to the map.
-  game->backend.ScriptDialog(save + ".txt");
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(SaveOrLoad(save + ".txt"), "MAP_MODE");
   ASSERT_TRUE(std::filesystem::exists(save + ".gam"));
   ASSERT_EQ(game->backend.DialogCalls().size(), 3u);
   EXPECT_EQ(game->backend.DialogCalls()[0].kind, platform::FileDialogKind::Save);
@@ -177,18 +161,12 @@ TEST_F(MenusTest, SavingFromThePauseMenuAndLoadingFromTheMainMenu) {
   game->RunFor(200);
   ASSERT_STREQ(Top(), "MAIN_OPTION_MODE");
   thePlayer.party[0]->SetName("Someone Else");
-  game->backend.ScriptDialog(std::nullopt);
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE") << "a cancelled load stays";
+  EXPECT_EQ(SaveOrLoad(std::nullopt), "MAIN_OPTION_MODE") << "a cancelled load stays";
   std::ofstream(folder / "broken.gam") << "320 200\nYES\nBad\n99 1 1 0\n";
-  game->backend.ScriptDialog((folder / "broken.gam").string());
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAIN_OPTION_MODE") << "a broken file is refused";
+  EXPECT_EQ(SaveOrLoad((folder / "broken.gam").string()), "MAIN_OPTION_MODE") << "a broken file is refused";
   EXPECT_STREQ(thePlayer.party[0]->name, "Someone Else");
   EXPECT_EQ(game->backend.MessageBoxes().back().caption, "Cannot load the game");
-  game->backend.ScriptDialog(save + ".gam");
-  game->Click(320, 325);
-  EXPECT_STREQ(Top(), "MAP_MODE");
+  EXPECT_EQ(SaveOrLoad(save + ".gam"), "MAP_MODE");
   EXPECT_STREQ(thePlayer.party[0]->name, "Saved Mookie");
   EXPECT_EQ(game->backend.DialogCalls().back().kind, platform::FileDialogKind::Open);
 }
@@ -207,6 +185,67 @@ TEST(TurnTowardTest, TurnsTheShortWayAtMostTheLimit) {
   EXPECT_LT(std::fabs(turn), 0.5f);
   // Without a limit, the absolute bearing.
   EXPECT_NEAR(TurnToward(0, 0, 0, 100, 0.0f, 0.0f), pi, 1e-5f);
+}
+
+// Starts a probe screen and puts a message screen above it.
+class MessageScreenTest : public ::testing::Test {
+ protected:
+  void Open(const char* text) {
+    game.reset();
+    log.clear();
+    game = std::make_unique<HeadlessGame>([this] { return below = new ProbeScreen("BELOW", &log); });
+    game->Push(new MessageScreen(1, "INFO_MODE", text, "dat\\nowhere.bmp"));
+    ASSERT_STREQ(currentScreen->GetName(), "INFO_MODE");
+  }
+  bool Left() const { return currentScreen == below; }
+  int Lit(const Rect& r) const {
+    int n = 0;
+    for (int y = r.top; y < r.bottom; ++y)
+      for (int x = r.left; x < r.right; ++x) n += game->backend.LastFrame()[y * 640 + x] != 0;
+    return n;
+  }
+
+  std::vector<std::string> log;
+  std::unique_ptr<HeadlessGame> game;
+  ProbeScreen* below = nullptr;
+};
+
+const char* const kCredits = "\n\n\nMade by us.";
+
+TEST_F(MessageScreenTest, WithATextOnlyTheButtonContinues) {
+  Open(kCredits);
+  EXPECT_GT(Lit({120, 80, 520, 370}), 0) << "the text";
+  EXPECT_GT(Lit({220, 370, 420, 396}), 0) << "the button";
+  game->Click(10, 10);
+  EXPECT_FALSE(Left()) << "a click beside the button";
+  game->RightClick(10, 10);
+  EXPECT_FALSE(Left());
+  game->RightClick(420, 395);
+  EXPECT_TRUE(Left()) << "right-clicking the button's corner";
+  EXPECT_EQ(below->state, kStateNone);
+
+  Open(kCredits);
+  game->Key(platform::VK_DOWN);
+  EXPECT_FALSE(Left());
+  game->Key(platform::VK_SPACE);
+  EXPECT_TRUE(Left());
+
+  Open(kCredits);
+  game->Click(300, 380);
+  EXPECT_TRUE(Left());
+  EXPECT_EQ(log, (std::vector<std::string>{"BELOW activate", "BELOW deactivate", "BELOW activate"}));
+}
+
+TEST_F(MessageScreenTest, AnEmptyTextIsTheBarePictureAndAnyClickContinues) {
+  Open("");
+  EXPECT_EQ(Lit({100, 60, 640, 480}), 0) << "no text, no button, and here no picture either";
+  game->RightClick(10, 10);
+  EXPECT_FALSE(Left()) << "right clicks beside the button do nothing";
+  game->Click(10, 10);
+  EXPECT_TRUE(Left());
+  Open("");
+  game->Key(platform::VK_RETURN);
+  EXPECT_TRUE(Left());
 }
 
 }  // namespace

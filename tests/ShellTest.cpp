@@ -1,14 +1,9 @@
 // The application shell on the headless backend: the screen stack and its requests, the
 // shortcuts every screen shares, the frame clock, start-up failures and shutdown.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <map>
-#include <string>
-#include <vector>
 
 #include "shell/CommandLine.h"
-#include "shell/Globals.h"
 #include "shell/ScreenObject.h"
 #include "shell/TextFormat.h"
 #include "support/HeadlessGame.h"
@@ -84,15 +79,13 @@ TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
     bound["A"] = {{'X', state, nullptr}};
     Start("A");
     Press('X');
-    ASSERT_EQ(game->backend.MessageBoxes().size(), 1u);
-    EXPECT_EQ(game->backend.MessageBoxes()[0].text, text);
-    EXPECT_EQ(game->backend.MessageBoxes()[0].caption, "Game Failure");
-    EXPECT_FALSE(game->backend.MessageBoxes()[0].errorIcon);
-    EXPECT_TRUE(game->application->Ended());
-    EXPECT_EQ(game->application->ExitCode(), 0);
+    EXPECT_EQ(Boxes(game->backend), (std::vector<ShownBox>{{text, "Game Failure", false}}));
+    EXPECT_EQ(std::pair(game->application->Ended(), game->application->ExitCode()), std::pair(true, 0));
     EXPECT_FALSE(game->backend.WindowOpen());
-    if (state == kStateLeave) EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
-    if (state == kStateLeave) EXPECT_EQ(currentScreen, nullptr);
+    if (state == kStateLeave) {
+      EXPECT_EQ(log, (std::vector<std::string>{"A activate", "A deactivate", "A delete"}));
+      EXPECT_EQ(currentScreen, nullptr);
+    }
     game.reset();
   }
 }
@@ -131,13 +124,11 @@ TEST_F(StackTest, ShortcutsWorkOnEveryScreen) {
   // The pointer follows the mouse although the screen ignores mouse moves.
   game->backend.MouseMove(123, 45);
   game->RunFor(50);
-  EXPECT_EQ(theMousePointer->x, 123);
-  EXPECT_EQ(theMousePointer->y, 45);
+  EXPECT_EQ(std::pair(theMousePointer->x, theMousePointer->y), std::pair(123, 45));
   EXPECT_EQ(platform::SendMessage(platform::kMainWindow, platform::WM_SETCURSOR, 0, 0), 1);
 
   Press(VK_F12);
-  EXPECT_TRUE(game->application->Ended());
-  EXPECT_EQ(game->application->ExitCode(), 0);
+  EXPECT_EQ(std::pair(game->application->Ended(), game->application->ExitCode()), std::pair(true, 0));
   EXPECT_EQ(log, (std::vector<std::string>{"A activate"})) << "the window's end leaves the screens to shutdown";
 }
 
@@ -181,20 +172,16 @@ TEST_F(StackTest, TheFrameClockAcrossTheWrapOfTheMillisecondCount) {
     game->RunFor(1);
   }
   ASSERT_GE(timed->ticks.size(), 28u);
-  for (std::size_t i = 1; i < timed->ticks.size(); ++i) {
+  for (std::size_t i = 1; i < timed->ticks.size(); ++i)
     EXPECT_GE(timed->ticks[i] - timed->ticks[i - 1], 34u) << timed->ticks[i];
-  }
 
   // The decisions of the loop, a frame on the last millisecond before the wrap included.
   const std::uint32_t top = 0xFFFFFFFFu;
-  EXPECT_FALSE(FrameIsDue(top, top));
-  EXPECT_FALSE(FrameIsDue(32, top));
-  EXPECT_TRUE(FrameIsDue(33, top));
-  EXPECT_FALSE(FrameIsDue(1, top - 31));
-  EXPECT_TRUE(FrameIsDue(34, 0));
-  EXPECT_EQ(MillisecondsToNextFrame(top, top), 34u);
-  EXPECT_EQ(MillisecondsToNextFrame(20, top), 13u);
-  EXPECT_EQ(MillisecondsToNextFrame(33, top), 0u);
+  for (const auto& [now, last, due] :
+       {std::tuple{top, top, false}, {32u, top, false}, {33u, top, true}, {1u, top - 31, false}, {34u, 0u, true}})
+    EXPECT_EQ(FrameIsDue(now, last), due) << now << " after " << last;
+  for (const auto& [now, wait] : {std::pair{top, 34u}, {20u, 13u}, {33u, 0u}})
+    EXPECT_EQ(MillisecondsToNextFrame(now, top), wait) << now;
 }
 
 TEST(StartUpTest, DisplayFailuresShowTheirReasonAndEndTheProgram) {
@@ -216,36 +203,25 @@ TEST(StartUpTest, DisplayFailuresShowTheirReasonAndEndTheProgram) {
       EXPECT_FALSE(made);
       EXPECT_TRUE(application.Ended());
     }
-    ASSERT_EQ(backend.MessageBoxes().size(), 1u);
-    EXPECT_EQ(backend.MessageBoxes()[0].text, text);
-    EXPECT_EQ(backend.MessageBoxes()[0].caption, "Game Init Failure");
-    EXPECT_FALSE(backend.MessageBoxes()[0].errorIcon);
+    EXPECT_EQ(Boxes(backend), (std::vector<ShownBox>{{text, "Game Init Failure", false}}));
     platform::InstallBackend(nullptr);
   }
 }
 
 TEST(CommandLineTest, SwitchesAndStrayWords) {
-  EXPECT_EQ(ParseCommandLine("").windowed, 0);
-  EXPECT_EQ(ParseCommandLine("-F").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("/f").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("-D 3 -F").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("-D4 /F").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("-T").windowed, 0);
-  EXPECT_EQ(ParseCommandLine("hello -X world -f").windowed, 1);
-  EXPECT_EQ(ParseCommandLine("F").windowed, 0) << "a letter without a switch sign is a word";
-  EXPECT_EQ(ParseCommandLine("-").windowed, 0);
+  // A letter without a switch sign is a word.
+  for (const auto& [line, windowed] : {std::pair{"", 0}, {"-F", 1}, {"/f", 1}, {"-D 3 -F", 1}, {"-D4 /F", 1},
+                                       {"-T", 0}, {"hello -X world -f", 1}, {"F", 0}, {"-", 0}})
+    EXPECT_EQ(ParseCommandLine(line).windowed, windowed) << line;
 }
 
 TEST(ScreenObjectTest, EqualityAndNames) {
   ScreenObject a(7, "MAP_MODE"), b(7, "MAP_MODE"), c(8, "MAP_MODE"), d(7, "map_mode");
-  EXPECT_EQ(a.IsEqual(b), 1);
-  EXPECT_EQ(a.IsDifferent(b), 0);
-  EXPECT_EQ(a.IsEqual(c), 0);
-  EXPECT_EQ(a.IsEqual(d), 0);
-  EXPECT_EQ(a.IsDifferent(d), 1);
   ScreenObject empty1(3, ""), empty2(3, nullptr);
-  EXPECT_EQ(empty1.IsEqual(empty2), 0);
-  EXPECT_EQ(empty1.IsEqual(empty1), 0);
+  // The same id and name, a different id, a name in other letter case; empty names never match.
+  EXPECT_EQ((std::vector{a.IsEqual(b), a.IsDifferent(b), a.IsEqual(c), a.IsEqual(d), a.IsDifferent(d),
+                         empty1.IsEqual(empty2), empty1.IsEqual(empty1)}),
+            (std::vector{1, 0, 0, 0, 1, 0, 0}));
 
   const std::string longName(300, 'x');
   ScreenObject longOne(1, longName.c_str());

@@ -27,9 +27,9 @@ TEST(StrategyTest, TheBestSpellIsTheStrongestKnownDamagingOne) {
   EXPECT_EQ(BestSpellSlot(speciesTable[kTexallo], 13, 5), 2);
   // Robilar: Power Zap and Power Slam hit alike; Power Slam also lays an effect.
   EXPECT_EQ(BestSpellSlot(speciesTable[kRobilar], 9, 4), 2);
-  EXPECT_EQ(SpellDamage(spellTable[kPowerZap], 7), 14);
-  EXPECT_EQ(SpellDamage(spellTable[kHypnotize], 7), 0);
-  EXPECT_EQ(SpellDamage(spellTable[kRage], 7), 0);
+  EXPECT_EQ((std::vector{SpellDamage(spellTable[kPowerZap], 7), SpellDamage(spellTable[kHypnotize], 7),
+                         SpellDamage(spellTable[kRage], 7)}),
+            (std::vector{14, 0, 0}));
 }
 
 TEST(StrategyTest, HitChancesFollowTheHitValue) {
@@ -107,22 +107,19 @@ MazeView Maze(const std::vector<std::string>& rows, std::vector<MazeEventView> e
   MazeView maze;
   maze.height = static_cast<int>(rows.size());
   maze.width = static_cast<int>(rows.front().size());
-  for (const std::string& row : rows) {
-    for (char c : row) maze.cells.push_back(c);
-  }
+  for (const std::string& row : rows) maze.cells.insert(maze.cells.end(), row.begin(), row.end());
   maze.events = std::move(events);
   return maze;
 }
 
-std::vector<bool> Targets(const MazeView& maze, std::vector<std::pair<int, int>> cells) {
-  std::vector<bool> target(static_cast<std::size_t>(maze.width) * maze.height, false);
-  for (auto [x, y] : cells) target[static_cast<std::size_t>(y) * maze.width + x] = true;
-  return target;
-}
+using Way = std::vector<std::pair<int, int>>;
 
-// Walks from (x, y) until a target is reached; the cells on the way, the target last.
-std::vector<std::pair<int, int>> Walk(const MazeView& maze, int x, int y, const std::vector<bool>& target) {
-  std::vector<std::pair<int, int>> way;
+// Walks from (x, y) until one of the target cells is reached; the cells on the way, the
+// target last (none when there is no first step).
+Way Walk(const MazeView& maze, int x, int y, const Way& targets) {
+  std::vector<bool> target(static_cast<std::size_t>(maze.width) * maze.height, false);
+  for (auto [tx, ty] : targets) target[static_cast<std::size_t>(ty) * maze.width + tx] = true;
+  Way way;
   for (int i = 0; i < 100; ++i) {
     const auto step = FirstStepToward(maze, x, y, target);
     if (!step) break;
@@ -134,8 +131,6 @@ std::vector<std::pair<int, int>> Walk(const MazeView& maze, int x, int y, const 
   return way;
 }
 
-using Way = std::vector<std::pair<int, int>>;
-
 TEST(StrategyTest, TheWayGoesRoundWallsAndPastExitsThatAreNoTarget) {
   const MazeView maze = Maze({
       "11111",
@@ -145,35 +140,30 @@ TEST(StrategyTest, TheWayGoesRoundWallsAndPastExitsThatAreNoTarget) {
       "11111",
   });
   // From (1, 3) to (1, 1): the short way over the exit at (1, 2) would leave the maze.
-  EXPECT_EQ(Walk(maze, 1, 3, Targets(maze, {{1, 1}})), (Way{{2, 3}, {3, 3}, {3, 2}, {3, 1}, {2, 1}, {1, 1}}));
+  EXPECT_EQ(Walk(maze, 1, 3, {{1, 1}}), (Way{{2, 3}, {3, 3}, {3, 2}, {3, 1}, {2, 1}, {1, 1}}));
   // Wanting out, the exit is a target like any other.
-  EXPECT_EQ(Walk(maze, 3, 1, Targets(maze, {{1, 2}})), (Way{{2, 1}, {1, 1}, {1, 2}}));
-  EXPECT_FALSE(FirstStepToward(maze, 1, 3, Targets(maze, {{0, 0}})).has_value());  // a wall
-  EXPECT_FALSE(FirstStepToward(maze, 1, 3, Targets(maze, {{1, 3}})).has_value());  // already there
+  EXPECT_EQ(Walk(maze, 3, 1, {{1, 2}}), (Way{{2, 1}, {1, 1}, {1, 2}}));
+  EXPECT_TRUE(Walk(maze, 1, 3, {{0, 0}}).empty()) << "a wall";
+  EXPECT_TRUE(Walk(maze, 1, 3, {{1, 3}}).empty()) << "already there";
 }
 
 TEST(StrategyTest, EventsBlockUntilPassableAndCostMoreThanFloor) {
-  MazeEventView gate;
-  gate.x = 2;
-  gate.y = 1;
-  gate.symbol = 'G';
-  gate.marked = true;
-  gate.passable = false;
+  const MazeEventView gate{.x = 2, .y = 1, .symbol = 'G', .marked = true, .passable = false};
   // A gate G at (2, 1) on the short way, and a way round through row 3.
   MazeView maze = Maze({"11111", "10G01", "10101", "10001", "11111"}, {gate});
   const Way round{{1, 2}, {1, 3}, {2, 3}, {3, 3}, {3, 2}, {3, 1}};
-  EXPECT_EQ(Walk(maze, 1, 1, Targets(maze, {{3, 1}})), round);
+  EXPECT_EQ(Walk(maze, 1, 1, {{3, 1}}), round);
   // Open, the gate would show its text again: four steps more are cheaper than that.
   maze.events[0].passable = true;
-  EXPECT_EQ(Walk(maze, 1, 1, Targets(maze, {{3, 1}})), round);
+  EXPECT_EQ(Walk(maze, 1, 1, {{3, 1}}), round);
   // As the target itself it is walked onto.
-  EXPECT_EQ(Walk(maze, 1, 1, Targets(maze, {{2, 1}})), (Way{{2, 1}}));
+  EXPECT_EQ(Walk(maze, 1, 1, {{2, 1}}), (Way{{2, 1}}));
 
   // Without a way round, a locked gate is a wall and an open one a door.
   MazeView corridor = Maze({"11111", "10G01", "11111"}, {gate});
-  EXPECT_FALSE(FirstStepToward(corridor, 1, 1, Targets(corridor, {{3, 1}})).has_value());
+  EXPECT_TRUE(Walk(corridor, 1, 1, {{3, 1}}).empty());
   corridor.events[0].passable = true;
-  EXPECT_EQ(Walk(corridor, 1, 1, Targets(corridor, {{3, 1}})), (Way{{2, 1}, {3, 1}}));
+  EXPECT_EQ(Walk(corridor, 1, 1, {{3, 1}}), (Way{{2, 1}, {3, 1}}));
 }
 
 }  // namespace

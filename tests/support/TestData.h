@@ -50,3 +50,16 @@ class TempFolder {
  private:
   Use use;
 };
+
+// The folder as the current directory while the object lives (made when missing).
+class InFolder {
+ public:
+  explicit InFolder(const std::filesystem::path& folder) : previous(std::filesystem::current_path()) {
+    std::filesystem::create_directories(folder);
+    std::filesystem::current_path(folder);
+  }
+  ~InFolder() { std::filesystem::current_path(previous); }
+
+ private:
+  std::filesystem::path previous;
+};

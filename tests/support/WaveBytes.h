@@ -1,8 +1,13 @@
 #pragma once
-// Builds RIFF wave files in memory for tests: little-endian fields and a plain PCM file.
+// Builds RIFF wave files in memory for tests: little-endian fields, chunks, the format
+// record, and a plain PCM file.
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/AudioDevice.h"
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -23,30 +28,55 @@ inline Bytes Pcm16(const std::vector<int>& samples) {
   return data;
 }
 
+struct Chunk {
+  std::string id;
+  Bytes body;
+  std::optional<std::uint32_t> claimedSize = std::nullopt;  // a size field that lies
+};
+
+// A RIFF file of the given chunks, each followed by a pad byte when its body is odd.
+inline Bytes Riff(const std::vector<Chunk>& chunks, const std::string& form = "WAVE",
+                  const std::string& riffId = "RIFF") {
+  Bytes inner;
+  PutId(inner, form);
+  for (const Chunk& c : chunks) {
+    PutId(inner, c.id);
+    Put32(inner, c.claimedSize.value_or(static_cast<std::uint32_t>(c.body.size())));
+    inner.insert(inner.end(), c.body.begin(), c.body.end());
+    if (c.body.size() % 2) inner.push_back(0);
+  }
+  Bytes file;
+  PutId(file, riffId);
+  Put32(file, static_cast<std::uint32_t>(inner.size()));
+  file.insert(file.end(), inner.begin(), inner.end());
+  return file;
+}
+
+// The format record of a wave of this layout, with the extra bytes it keeps.
+inline platform::WaveFormat Format(std::uint16_t tag, std::uint16_t channels, std::uint32_t rate, std::uint16_t bits,
+                                   Bytes extra = {}) {
+  const std::uint16_t block = static_cast<std::uint16_t>(channels * bits / 8);
+  return {tag, channels, rate, rate * block, block, bits, std::move(extra)};
+}
+
+// The body of a "fmt " chunk; extra bytes (with their count) only when given.
+inline Bytes FmtBody(std::uint16_t tag, std::uint16_t channels, std::uint32_t rate, std::uint16_t bits,
+                     std::optional<Bytes> extra = std::nullopt) {
+  const platform::WaveFormat f = Format(tag, channels, rate, bits);
+  Bytes b;
+  for (std::uint32_t field : {f.formatTag, f.channels}) Put16(b, field);
+  for (std::uint32_t field : {f.samplesPerSec, f.avgBytesPerSec}) Put32(b, field);
+  for (std::uint32_t field : {f.blockAlign, f.bitsPerSample}) Put16(b, field);
+  if (extra) {
+    Put16(b, static_cast<std::uint32_t>(extra->size()));
+    b.insert(b.end(), extra->begin(), extra->end());
+  }
+  return b;
+}
+
 // A wave file of 16-bit mono samples at 22050 Hz, or of the format tag given with its
 // extra format bytes.
 inline Bytes MakeWaveFile(const std::vector<int>& samples, std::uint16_t tag = 1, const Bytes& extra = {}) {
-  const Bytes data = Pcm16(samples);
-  Bytes fmt;
-  Put16(fmt, tag);
-  Put16(fmt, 1);
-  Put32(fmt, 22050);
-  Put32(fmt, 44100);
-  Put16(fmt, 2);
-  Put16(fmt, 16);
-  if (tag != 1) {
-    Put16(fmt, static_cast<std::uint32_t>(extra.size()));
-    fmt.insert(fmt.end(), extra.begin(), extra.end());
-  }
-  Bytes file;
-  PutId(file, "RIFF");
-  Put32(file, static_cast<std::uint32_t>(4 + 8 + fmt.size() + 8 + data.size()));
-  PutId(file, "WAVE");
-  PutId(file, "fmt ");
-  Put32(file, static_cast<std::uint32_t>(fmt.size()));
-  file.insert(file.end(), fmt.begin(), fmt.end());
-  PutId(file, "data");
-  Put32(file, static_cast<std::uint32_t>(data.size()));
-  file.insert(file.end(), data.begin(), data.end());
-  return file;
+  return Riff({{"fmt ", FmtBody(tag, 1, 22050, 16, tag != 1 ? std::optional(extra) : std::nullopt)},
+               {"data", Pcm16(samples)}});
 }
