@@ -41,11 +41,6 @@ const SpellInfo spellTable[kSpellCount] = {
     {35, "Light Speed", -3.0f, {0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, -1.0f}},
 };
 
-const SpellInfo* SpellAt(int index) {
-  if (index < 0 || index >= kSpellCount) return nullptr;
-  return &spellTable[index];
-}
-
 const char spellCastSounds[kSpellCount][64] = {
   "dat\\spell\\missray1.wav",
   "dat\\spell\\windup1.wav",

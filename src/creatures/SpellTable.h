@@ -78,9 +78,6 @@ enum SpellIndex : int {
 
 extern const SpellInfo spellTable[kSpellCount];
 
-// The row of a spell, or null when the index is outside 0..35.
-const SpellInfo* SpellAt(int index);
-
 inline constexpr int SpellTier(int spellKind) { return spellKind / kSpellFamilies; }
 inline constexpr int SpellFamilyOf(int spellKind) { return spellKind % kSpellFamilies; }
 

@@ -20,11 +20,6 @@ LocationInfo locationTable[kLocationCount] = {
     {"Vile Wizard", kLocationTower, 5, 140, 280, 0, ""},
 };
 
-LocationInfo* LocationAt(int row) {
-  if (row < 0 || row >= kLocationCount) return nullptr;
-  return &locationTable[row];
-}
-
 int LocationRow(const LocationInfo* place) {
   for (int row = 0; row < kLocationCount; ++row)
     if (place == &locationTable[row]) return row;

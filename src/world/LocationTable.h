@@ -33,8 +33,6 @@ struct LocationInfo {
 
 extern LocationInfo locationTable[kLocationCount];
 
-// The row 0..14, or null for any other.
-LocationInfo* LocationAt(int row);
 // The row of a place of the table, or -1 for null or anything outside it.
 int LocationRow(const LocationInfo* place);
 
