@@ -180,6 +180,17 @@ def smile(cx, cy):
             % (f(cx - 1.3), f(cy), f(cx), f(cy + 1.9), f(cx + 1.3), f(cy), SKIN[3]))
 
 
+def back_of_head(back_hair, skin, hair, crown_ry):
+    """The head seen from behind: the nape, the hair's outline and its lit crown."""
+    return [outlined('ellipse cx="17.8" cy="14.8" rx="6.8" ry="6.6"', skin),
+            '<path d="%s" fill="%s"/>' % (back_hair, hair[1]),
+            '<g clip-path="url(#backhair)">'
+            '<ellipse cx="14.2" cy="11" rx="8.4" ry="%s" fill="%s"/>'
+            '<path d="M9 10.6 C9.8 7.6 12.2 5.6 15.2 5.4" stroke="%s" stroke-width="1.2" fill="none"/>'
+            '</g>' % (f(crown_ry), hair[0], hair[2]),
+            '<path d="%s" fill="none" stroke="%s" stroke-width="%s"/>' % (back_hair, hair[3], f(OUTLINE))]
+
+
 def svg(title, defs, body):
     return ('<svg xmlns="http://www.w3.org/2000/svg" width="32" height="64" viewBox="0 0 32 64">\n'
             '  <!-- %s -->\n' % title +
@@ -267,13 +278,7 @@ class Boy:
             p.append(smile(14.3, 19.3))
             p.append('<ellipse cx="19" cy="18.6" rx="1.1" ry="0.6" fill="%s"/>' % RED[2])
         else:
-            p.append(outlined('ellipse cx="17.8" cy="14.8" rx="6.8" ry="6.6"', s))
-            p.append('<path d="%s" fill="%s"/>' % (self.BACK_HAIR, hair[1]))
-            p.append('<g clip-path="url(#backhair)">'
-                     '<ellipse cx="14.2" cy="11" rx="8.4" ry="8.6" fill="%s"/>'
-                     '<path d="M9 10.6 C9.8 7.6 12.2 5.6 15.2 5.4" stroke="%s" stroke-width="1.2" fill="none"/>'
-                     '</g>' % (hair[0], hair[2]))
-            p.append('<path d="%s" fill="none" stroke="%s" stroke-width="%s"/>' % (self.BACK_HAIR, hair[3], f(OUTLINE)))
+            p += back_of_head(self.BACK_HAIR, s, hair, 8.6)
             p.append('<path d="M12.6 16.4 L13.6 19 M17.4 17.6 L18 19.6" stroke="%s" stroke-width="%s" fill="none"/>'
                      % (hair[1], f(DETAIL)))
             p.append(outlined('path d="M13.6 4.4 L14.4 1.2 L16.8 4"', hair))
@@ -381,13 +386,7 @@ class Girl:
             p.append('<ellipse cx="19" cy="18.6" rx="1.2" ry="0.65" fill="%s"/>' % PINK[0])
             p.append('<ellipse cx="10.6" cy="18.4" rx="0.8" ry="0.55" fill="%s"/>' % PINK[0])
         else:
-            p.append(outlined('ellipse cx="17.8" cy="14.8" rx="6.8" ry="6.6"', s))
-            p.append('<path d="%s" fill="%s"/>' % (self.BACK_HAIR, hair[1]))
-            p.append('<g clip-path="url(#backhair)">'
-                     '<ellipse cx="14.2" cy="11" rx="8.4" ry="8.8" fill="%s"/>'
-                     '<path d="M9 10.6 C9.8 7.6 12.2 5.6 15.2 5.4" stroke="%s" stroke-width="1.2" fill="none"/>'
-                     '</g>' % (hair[0], hair[2]))
-            p.append('<path d="%s" fill="none" stroke="%s" stroke-width="%s"/>' % (self.BACK_HAIR, hair[3], f(OUTLINE)))
+            p += back_of_head(self.BACK_HAIR, s, hair, 8.8)
             p.append(outlined('ellipse cx="22.8" cy="15.4" rx="1.3" ry="1.9"', s, DETAIL))
             p += self.ponytail(False, frame.sway)
         return p
