@@ -467,8 +467,6 @@ void Autoplayer::CombatBegins(CombatMode& combat) {
   replacementSlot = -1;
   opponentSeen = -1;
   catchTries = 0;
-  idleTurns = 0;
-  opponentHitPoints = -1;
   partyAtStart = thePlayer.PartyCount();
   if (combatIsWild) {
     stats[combatTier].encounters += 1;
@@ -524,7 +522,7 @@ void Autoplayer::OnCombat(CombatMode& combat) {
   }
   // A new opponent, or a creature that the game sent in for a fainted one: choose afresh.
   if (combat.opponentIndex != opponentSeen || combat.activeSlot != expectedActive) fighterChosen = false;
-  if (combat.opponentIndex != opponentSeen) {
+  if (combat.opponentIndex != opponentSeen) {  // also the first opponent of a combat
     idleTurns = 0;
     opponentHitPoints = -1;
   }
