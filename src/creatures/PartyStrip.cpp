@@ -15,12 +15,10 @@ int HitPointBarTop(const Kindrel& creature, const Rect& box) {
 
 namespace {
 
-// Text with its shadow: black in the rectangle moved one pixel right and down, then white.
-void ShadowedText(int font, const char* text, const Rect& shadow, const Rect& face, unsigned format) {
-  SetTextColour(0, 0, 0);
-  DrawTextBox(font, text, shadow, nullptr, format);
+// White text over its black shadow.
+void ShadowedText(int font, const char* text, const Rect& face, unsigned format) {
   SetTextColour(255, 255, 255);
-  DrawTextBox(font, text, face, nullptr, format);
+  DrawShadowedTextBox(font, text, face, format, PackColour(0, 0, 0));
 }
 
 void DrawHitPointBar(const Kindrel& creature, const Rect& box) {
@@ -40,12 +38,10 @@ void DrawBox(const Kindrel& creature, const Rect& box) {
 
   char level[32];
   std::snprintf(level, sizeof level, "Level: %d", creature.level);
-  ShadowedText(0, level, {left + 2, top + 2, right, top + 13}, {left + 1, top + 1, right - 1, top + 12}, DT_LEFT);
-  ShadowedText(0, creature.name, {left + 2, bottom - 13, right, bottom}, {left + 1, bottom - 14, right - 1, bottom - 1},
-               DT_LEFT);
+  ShadowedText(0, level, {left + 1, top + 1, right - 1, top + 12}, DT_LEFT);
+  ShadowedText(0, creature.name, {left + 1, bottom - 14, right - 1, bottom - 1}, DT_LEFT);
   if (creature.hitPoints < 1) {
-    ShadowedText(3, "Fainted!", {left + 2, top + 41, right, bottom}, {left + 1, top + 40, right - 1, bottom - 1},
-                 DT_CENTER);
+    ShadowedText(3, "Fainted!", {left + 1, top + 40, right - 1, bottom - 1}, DT_CENTER);
   }
 }
 

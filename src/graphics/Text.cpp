@@ -24,3 +24,12 @@ int DrawTextBox(int slot, const char* text, Rect rect, Surface* surface, unsigne
                                       (theDisplay->modeFlags & kModeTransparentText) != 0};
   return platform::DrawText(*target, *font, text, rect, format, colours);
 }
+
+void DrawShadowedTextBox(int slot, const char* text, Rect rect, unsigned format, std::uint32_t shadow) {
+  if (!theDisplay) return;
+  const std::uint32_t colour = theDisplay->textColour;
+  theDisplay->textColour = shadow;
+  DrawTextBox(slot, text, {rect.left + 1, rect.top + 1, rect.right + 1, rect.bottom + 1}, nullptr, format);
+  theDisplay->textColour = colour;
+  DrawTextBox(slot, text, rect, nullptr, format);
+}

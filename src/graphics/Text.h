@@ -15,3 +15,6 @@ void SetTextTransparent(int on);
 // flags: 0 left, 1 centred, 2 right, 16 word wrap, and their sums. Returns the height of
 // the drawn text.
 int DrawTextBox(int slot, const char* text, Rect rect, Surface* surface, unsigned format);
+// The same on the draw target in the current text colour, over a copy in the shadow colour
+// one pixel down and to the right, so that it stays readable on any picture.
+void DrawShadowedTextBox(int slot, const char* text, Rect rect, unsigned format, std::uint32_t shadow);

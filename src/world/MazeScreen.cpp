@@ -459,7 +459,8 @@ void MazeScreen::Draw() {
   int cx, cy;
   ScreenPoint(cursorCell, &cx, &cy);
   arrows[pointerDirection & 3].DrawKeyed(cx, cy - grid.tileHeight / 2, 0);
-  DrawTextBox(8, "Hit RETURN to view your Kindrels", {150, 3, 640, 40}, nullptr, DT_CENTER);
+  // Pale ice and stone would swallow the hint without its shadow.
+  DrawShadowedTextBox(8, "Hit RETURN to view your Kindrels", {150, 3, 640, 40}, DT_CENTER, PackColour(15, 15, 15));
   minimap.DrawOpaque(4, 4, 1);
   weather->UpdateAndDraw();
   EndAdditive();

@@ -152,10 +152,8 @@ void WorldMapScreen::Draw() {
   DrawPartyBoxes(frame);
   if (hovered) {
     const int x = hovered->mapX, y = hovered->mapY;
-    SetTextColour(15, 15, 15);
-    DrawTextBox(1, hovered->name, {x - 69, y + 21, x + 71, y + 41}, nullptr, DT_CENTER);
     SetTextColour(255, 255, 55);
-    DrawTextBox(1, hovered->name, {x - 70, y + 20, x + 70, y + 40}, nullptr, DT_CENTER);
+    DrawShadowedTextBox(1, hovered->name, {x - 70, y + 20, x + 70, y + 40}, DT_CENTER, PackColour(15, 15, 15));
     SetTextColour(255, 255, 255);
   }
   widgets.DrawAll();
