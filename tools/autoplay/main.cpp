@@ -1,12 +1,13 @@
 // autoplay: plays a new game headlessly, from the main menu, through the real screens and
-// rules, and prints per tier what it took. The game's data is the build folder's.
+// rules, and prints per tier what it took. The game's data is the build folder's, or that of
+// --data, a folder with a dat/ of its own (to try other area files beside the shipped ones).
 //
 //   autoplay [--difficulty EASY|NORMAL|HARD] [--text-speed N] [--until-tier N]
-//            [--max-encounters N] [--max-hours H] [--hurry] [--verbose]
+//            [--max-encounters N] [--max-hours H] [--data FOLDER] [--hurry] [--verbose]
 //
 // QUARNWICK_SEED fixes the game's random seed, and then a run repeats exactly. Exit code:
 // 0 the goal was reached, 1 a cap was reached first, 2 the player got stuck, 64 a wrong
-// option, 77 the build holds no area files to play.
+// option, 77 the data folder holds no area files to play.
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -23,10 +24,11 @@ namespace {
 void Usage(std::FILE* out) {
   std::fprintf(out,
                "usage: autoplay [--difficulty EASY|NORMAL|HARD] [--text-speed 1..10] [--until-tier 0..5]\n"
-               "                [--max-encounters N] [--max-hours H] [--hurry] [--verbose]\n"
+               "                [--max-encounters N] [--max-hours H] [--data FOLDER] [--hurry] [--verbose]\n"
                "Plays a new game headlessly until the wizard of the given tier (5, the Vile Wizard, unless\n"
                "told) is beaten or a cap is reached. --hurry clicks through the combat messages instead\n"
-               "of reading them. QUARNWICK_SEED makes a run repeat exactly.\n");
+               "of reading them. --data plays with FOLDER/dat instead of the build's data. QUARNWICK_SEED\n"
+               "makes a run repeat exactly.\n");
 }
 
 bool ReadInt(const char* text, int low, int high, int* value) {
@@ -37,7 +39,7 @@ bool ReadInt(const char* text, int low, int high, int* value) {
   return true;
 }
 
-bool ParseOptions(int argc, char** argv, autoplay::Options* options) {
+bool ParseOptions(int argc, char** argv, autoplay::Options* options, std::string* dataFolder) {
   for (int i = 1; i < argc; ++i) {
     const std::string arg = argv[i];
     const char* value = i + 1 < argc ? argv[i + 1] : nullptr;
@@ -63,6 +65,8 @@ bool ParseOptions(int argc, char** argv, autoplay::Options* options) {
       if (!ReadInt(value, 0, 5, &options->untilTier)) return false;
     } else if (arg == "--max-encounters") {
       if (!ReadInt(value, 0, 100000000, &options->maxEncounters)) return false;
+    } else if (arg == "--data") {
+      *dataFolder = value;
     } else if (arg == "--max-hours") {
       char* end = nullptr;
       options->maxHours = std::strtod(value, &end);
@@ -82,14 +86,15 @@ int main(int argc, char** argv) {
     return 0;
   }
   autoplay::Options options;
-  if (!ParseOptions(argc, argv, &options)) {
+  std::string dataFolder = QUARNWICK_BUILD_DIR;
+  if (!ParseOptions(argc, argv, &options, &dataFolder)) {
     Usage(stderr);
     return 64;
   }
-  platform::SetDataRoot(QUARNWICK_BUILD_DIR);
-  const std::filesystem::path firstArea = std::filesystem::path(QUARNWICK_BUILD_DIR) / "dat" / "genwood.dat";
+  platform::SetDataRoot(dataFolder);
+  const std::filesystem::path firstArea = std::filesystem::path(dataFolder) / "dat" / "genwood.dat";
   if (!std::filesystem::exists(firstArea)) {
-    std::fprintf(stderr, "autoplay: %s is missing: this build has no area files to play\n", firstArea.c_str());
+    std::fprintf(stderr, "autoplay: %s is missing: there are no area files to play\n", firstArea.c_str());
     return 77;
   }
 
