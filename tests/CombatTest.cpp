@@ -167,13 +167,21 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f);
 }
 
-TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
-  Fight({{kBluberd, 4}});
-  WaitForChoice();
-  Sure(*thePlayer.party[0]);
-  combat->opponent->hitPoints = 2;  // a hit leaves it at 1: weak
-  ASSERT_TRUE(Cast(0));
-  ASSERT_NE(combat->widgets.FindById(kCatchButton), nullptr);
+TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizardAndTheFirstCatchAlwaysSucceeds) {
+  for (const auto& [fullParty, catchAllowed] : {std::pair{true, 1}, {false, 0}, {false, 1}}) {
+    Again();
+    if (fullParty) {
+      for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);
+    }
+    Fight({{kBluberd, 4}}, catchAllowed);
+    WaitForChoice();
+    Sure(*thePlayer.party[0]);
+    combat->opponent->hitPoints = 2;  // a hit leaves it at 1: weak
+    combat->opponent->status[Accuracy] = -50;
+    ASSERT_TRUE(Cast(0, [&] { return combat->opponent->hitPoints == 1; }));
+    EXPECT_EQ(combat->widgets.FindById(kCatchButton) != nullptr, !fullParty && catchAllowed)
+        << (fullParty ? "full party" : catchAllowed ? "a wild Kindrel" : "a wizard's team");
+  }
   Click(590, 300);
   EXPECT_EQ(combat->message, "You caught the Bluberd!");
   ASSERT_TRUE(RunUntil([&] { return currentScreen != combat; }));
@@ -185,22 +193,6 @@ TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
   EXPECT_EQ(std::tuple(std::string(caught.name), caught.experience, caught.hitPoints), std::tuple("Bluberd", 90u, 1));
   EXPECT_EQ(thePlayer.firstCatchDone, 1);
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f) << "status cleared when the combat ends";
-}
-
-TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
-  for (const bool fullParty : {true, false}) {
-    Again();
-    if (fullParty) {
-      for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);
-    }
-    Fight({{kBluberd, 4}}, fullParty ? 1 : 0);
-    WaitForChoice();
-    Sure(*thePlayer.party[0]);
-    combat->opponent->hitPoints = 2;
-    combat->opponent->status[Accuracy] = -50;
-    ASSERT_TRUE(Cast(0, [&] { return combat->opponent->hitPoints == 1; }));
-    EXPECT_EQ(combat->widgets.FindById(kCatchButton), nullptr) << (fullParty ? "full party" : "a wizard's team");
-  }
 }
 
 TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
