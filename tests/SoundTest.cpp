@@ -1,5 +1,5 @@
-// Sound, from the wave files the build bakes to what the device plays: every baked sound
-// loads as the game needs it; the mixer behind the sound devices converts sample sizes,
+// Sound, from the wave files the build bakes to what the device plays: every sound the
+// game names is baked; the mixer behind the sound devices converts sample sizes,
 // channel counts and rates to the output, sets volumes in hundredths of a decibel, sums
 // with saturation, ends, loops and rewinds; and sound effects ask the headless device for
 // loading, playing at the effects volume, replaying, muting, looping and freeing, with
@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "audio/SoundEffect.h"
-#include "audio/WaveReader.h"
 #include "creatures/SpellTable.h"
 #include "platform/AudioMixer.h"
 #include "support/HeadlessGame.h"
@@ -24,22 +23,8 @@ using platform::WaveFormat;
 using Request = platform::HeadlessAudio::Request;
 using Calls = std::vector<std::tuple<Request, int, int>>;
 
-TEST(BakedSoundsTest, EverySoundLoadsAsThe16BitPcmTheGamePlays) {
-  const fs::path dat = fs::path(QUARNWICK_BUILD_DIR) / "dat";
-  std::set<std::string> found;
-  for (const auto& entry : fs::recursive_directory_iterator(dat)) {
-    if (entry.path().extension() != ".wav") continue;
-    const std::string name = fs::relative(entry.path(), dat).generic_string();
-    SCOPED_TRACE(name);
-    found.insert(name);
-    std::uint32_t size = 0;
-    std::unique_ptr<platform::WaveFormat> format;
-    std::unique_ptr<std::uint8_t[]> data;
-    ASSERT_EQ(WaveLoadFile(entry.path().string(), size, format, data), 0);
-    EXPECT_TRUE(format->channels == 1 || format->channels == 2);
-    EXPECT_EQ(*format, Format(1, format->channels, 22050, 16));
-    EXPECT_GT(size, 1000u);
-  }
+// The baked files' format, length and level are the sound check's (check-sounds.sh).
+TEST(BakedSoundsTest, EverySoundTheGameNamesIsBaked) {
   // The menus, the map, the places and battles, and every file the spell tables name.
   std::set<std::string> needed = {"button2.wav",  "pcmonst1.wav", "pcmonst2.wav", "fanfare4.wav",
                                   "fanfare5.wav", "fanfare7.wav", "fanfare8.wav", "common2.wav"};
@@ -52,7 +37,8 @@ TEST(BakedSoundsTest, EverySoundLoadsAsThe16BitPcmTheGamePlays) {
       needed.insert(file);
     }
   }
-  for (const std::string& file : needed) EXPECT_TRUE(found.count(file)) << file << " is not baked";
+  const fs::path dat = fs::path(QUARNWICK_BUILD_DIR) / "dat";
+  for (const std::string& file : needed) EXPECT_TRUE(fs::is_regular_file(dat / file)) << file << " is not baked";
 }
 
 // Plain PCM of this layout.
