@@ -91,12 +91,6 @@ TEST(CreatureGrowthTest, ExperienceAndLevels) {
   EXPECT_EQ(State(*b), std::tuple(3, 109u, 6));
   EXPECT_EQ((std::vector<bool>{b->AddExperience(0), b->AddExperience(0)}), (std::vector<bool>{true, false}));
   EXPECT_EQ(State(*b), std::tuple(4, 109u, 8));
-
-  // A new level may teach a new spell.
-  auto c = Kindrel::Create(kBluberd, 4);
-  c->experience = LevelStartExperience(5) - 1;
-  EXPECT_TRUE(c->AddExperience(1));
-  EXPECT_EQ(c->spellsKnown, 3);
 }
 
 TEST(CreatureGrowthTest, HitPointsAndTheirColour) {
