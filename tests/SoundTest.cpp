@@ -233,7 +233,7 @@ TEST_F(SoundEffectTest, TheOutputIsTheBackendsDeviceAndWithoutOneTheGameIsSilent
   EXPECT_TRUE(Requests().empty());
 }
 
-TEST_F(SoundEffectTest, ASoundHoldsItsWaveAndABufferAtFullVolume) {
+TEST_F(SoundEffectTest, ASoundHoldsItsWaveAndABufferThatPlaysAtTheEffectsVolume) {
   // The extensible record of 16-bit PCM: 22 extra bytes, handed on unchanged.
   const Bytes extensible = {16, 0, 4, 0, 0, 0, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x10, 0x00,
                             0x80, 0x00, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71};
@@ -251,14 +251,8 @@ TEST_F(SoundEffectTest, ASoundHoldsItsWaveAndABufferAtFullVolume) {
   EXPECT_EQ(Requests(), (Calls{{Request::Create, 1, 0}, {Request::SetVolume, 1, 0}}));
   EXPECT_EQ(sound->playing, 0);
   EXPECT_TRUE(backend.MessageBoxes().empty());
-  FreeSound(sound);
-  EXPECT_EQ(Requests(), (Calls{{Request::Release, 1, 0}}));
-  EXPECT_EQ(Audio().LiveBuffers(), 0);
-}
 
-TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheSoundOver) {
-  SoundEffect* sound = LoadSound(0, "dat\\tone.wav");
-  Requests();
+  // Playing sets the effects volume; a sound still playing starts over.
   PlaySound(0, sound);
   EXPECT_EQ(std::pair(sound->volume, sound->playing), std::pair(400, 1));
   PlaySound(0, sound);  // still playing: it starts over instead of layering
@@ -294,6 +288,7 @@ TEST_F(SoundEffectTest, PlayingSetsTheEffectsVolumeAndStartsTheSoundOver) {
   EXPECT_EQ(std::pair(sound->volume, sound->playing), std::pair(200, 0));
   FreeSound(sound);
   EXPECT_EQ(Requests(), (Calls{{Request::Release, 1, 0}}));
+  EXPECT_EQ(Audio().LiveBuffers(), 0);
 }
 
 TEST_F(SoundEffectTest, EveryFailureShowsItsBox) {
