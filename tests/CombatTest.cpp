@@ -167,13 +167,21 @@ TEST_F(CombatTest, BoostsNeverMissAndStatusSpellsMayBeResisted) {
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f);
 }
 
-TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
-  Fight({{kBluberd, 4}});
-  WaitForChoice();
-  Sure(*thePlayer.party[0]);
-  combat->opponent->hitPoints = 2;  // a hit leaves it at 1: weak
-  ASSERT_TRUE(Cast(0));
-  ASSERT_NE(combat->widgets.FindById(kCatchButton), nullptr);
+TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizardAndTheFirstCatchAlwaysSucceeds) {
+  for (const auto& [fullParty, catchAllowed] : {std::pair{true, 1}, {false, 0}, {false, 1}}) {
+    Again();
+    if (fullParty) {
+      for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);
+    }
+    Fight({{kBluberd, 4}}, catchAllowed);
+    WaitForChoice();
+    Sure(*thePlayer.party[0]);
+    combat->opponent->hitPoints = 2;  // a hit leaves it at 1: weak
+    combat->opponent->status[Accuracy] = -50;
+    ASSERT_TRUE(Cast(0, [&] { return combat->opponent->hitPoints == 1; }));
+    EXPECT_EQ(combat->widgets.FindById(kCatchButton) != nullptr, !fullParty && catchAllowed)
+        << (fullParty ? "full party" : catchAllowed ? "a wild Kindrel" : "a wizard's team");
+  }
   Click(590, 300);
   EXPECT_EQ(combat->message, "You caught the Bluberd!");
   ASSERT_TRUE(RunUntil([&] { return currentScreen != combat; }));
@@ -187,50 +195,26 @@ TEST_F(CombatTest, TheFirstCatchAlwaysSucceeds) {
   EXPECT_EQ(thePlayer.party[0]->status[Accuracy], 0.0f) << "status cleared when the combat ends";
 }
 
-TEST_F(CombatTest, NoCatchWithAFullPartyOrAgainstAWizard) {
-  for (const bool fullParty : {true, false}) {
-    Again();
-    if (fullParty) {
-      for (int slot = 1; slot < kPartySize; ++slot) thePlayer.party[slot] = Kindrel::Create(kBluberd, 1);
-    }
-    Fight({{kBluberd, 4}}, fullParty ? 1 : 0);
-    WaitForChoice();
-    Sure(*thePlayer.party[0]);
-    combat->opponent->hitPoints = 2;
-    combat->opponent->status[Accuracy] = -50;
-    ASSERT_TRUE(Cast(0, [&] { return combat->opponent->hitPoints == 1; }));
-    EXPECT_EQ(combat->widgets.FindById(kCatchButton), nullptr) << (fullParty ? "full party" : "a wizard's team");
-  }
-}
-
-TEST_F(CombatTest, WinningAgainstATeamWithALevelUp) {
-  thePlayer.party[0]->experience = 9;
+TEST_F(CombatTest, WinningAgainstATeamWithALevelUpWhoseSpellShowsFromTheNextChange) {
+  // Mookie at level 4, one point short of level 5, where a Fleenu learns its third spell.
+  thePlayer.party[0] = Kindrel::Create(kFleenu, 4);
+  thePlayer.party[0]->SetName("Mookie");
+  thePlayer.party[0]->experience = 159;
   Fight({{kBluberd, 1}, {kFleenu, 2}}, 0);
   WaitForChoice();
   Sure(*thePlayer.party[0]);
   combat->opponent->hitPoints = 1;
   ASSERT_TRUE(Cast(0, [&] { return combat->opponentIndex == 1; }));
   const std::vector<std::string> expected = {"Mookie uses Zap on the Bluberd!", "The Bluberd loses 1 point!",
-                                             "Mookie is now level 2!", "The Bluberd retreats!",
+                                             "Mookie is now level 5!", "The Bluberd retreats!",
                                              "Mookie is battling a Fleenu!", "Choose a spell."};
   EXPECT_EQ(messages, expected);
-  // Experience 9 and the award of 5 for a level-1 opponent; a new level heals.
+  // Experience 159 and the award of 5 for a level-1 opponent; a new level heals.
   const Kindrel& mookie = *thePlayer.party[0];
-  EXPECT_EQ(std::tuple(mookie.level, mookie.experience, mookie.hitPoints), std::tuple(2, 14u, 6));
+  EXPECT_EQ(std::tuple(mookie.level, mookie.experience, mookie.hitPoints), std::tuple(5, 164u, 15));
   EXPECT_EQ(combat->opponentOffsetX, 0.0f) << "the new opponent stands in its place";
-}
 
-TEST_F(CombatTest, ASpellGainedByALevelUpShowsFromTheNextChange) {
-  // A level-4 Fleenu one point short of level 5, where it learns its third spell.
-  thePlayer.NewGameReset();
-  thePlayer.party[0] = Kindrel::Create(kFleenu, 4);
-  thePlayer.party[0]->experience = 159;
-  Fight({{kBluberd, 1}, {kBluberd, 1}}, 0);
-  WaitForChoice();
-  Sure(*thePlayer.party[0]);
-  combat->opponent->hitPoints = 1;
-  ASSERT_TRUE(Cast(0, [&] { return combat->opponentIndex == 1; }));
-  ASSERT_EQ(thePlayer.party[0]->spellsKnown, 3);
+  ASSERT_EQ(mookie.spellsKnown, 3);
   EXPECT_EQ(combat->widgets.FindById(kFirstSpellButton + 2), nullptr) << "the buttons of the combat's start";
   EXPECT_EQ(combat->widgets.current->GetId(), static_cast<std::uint32_t>(kFirstSpellButton)) << "the highlight stays";
   Click(580, 330);  // Change, to the same creature

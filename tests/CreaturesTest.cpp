@@ -21,7 +21,6 @@ namespace {
 
 constexpr int kBluberd = 0;   // resists nothing
 constexpr int kFleenu = 4;    // resists Slow often, Poison never
-constexpr int kGradon = 32;
 constexpr int kStondre = 35;  // resists everything
 
 // Level, experience and hit points, compared at once.
@@ -38,11 +37,6 @@ TEST(CreatureGrowthTest, CreationFromSpeciesAndLevel) {
             (std::vector<std::string>{"Zap", "Hypnotize"}));
   ASSERT_NE(mookie->picture, nullptr);
   EXPECT_STREQ(mookie->picture->fileName, "dat\\PUFFBALL.bmp");
-
-  // Hit points grow with the level.
-  const auto dragon = Kindrel::Create(kGradon, 7);
-  ASSERT_NE(dragon, nullptr);
-  EXPECT_EQ(std::pair(dragon->hitPoints, dragon->MaxHitPoints()), std::pair(70, 70));
 
   // No species beyond the table, no level below 1.
   for (const auto& [species, level] : {std::pair{-1, 1}, {kSpeciesCount, 1}, {kBluberd, 0}})
@@ -91,12 +85,6 @@ TEST(CreatureGrowthTest, ExperienceAndLevels) {
   EXPECT_EQ(State(*b), std::tuple(3, 109u, 6));
   EXPECT_EQ((std::vector<bool>{b->AddExperience(0), b->AddExperience(0)}), (std::vector<bool>{true, false}));
   EXPECT_EQ(State(*b), std::tuple(4, 109u, 8));
-
-  // A new level may teach a new spell.
-  auto c = Kindrel::Create(kBluberd, 4);
-  c->experience = LevelStartExperience(5) - 1;
-  EXPECT_TRUE(c->AddExperience(1));
-  EXPECT_EQ(c->spellsKnown, 3);
 }
 
 TEST(CreatureGrowthTest, HitPointsAndTheirColour) {

@@ -1,7 +1,7 @@
 // The readers of the game's files, each on small files of tests/data or made here, with
 // the junk of every kind left to the fuzz targets: bitmaps of every common depth and
 // layout giving the same picture, broken ones refused instead of read past their end;
-// waves of every PCM layout, formats with extra bytes, chunks in any order with padding,
+// waves with every field of their format, formats with extra bytes, chunks in any order with padding,
 // each error code from a file broken on purpose and every cut-short file; areas (the
 // grammar's worked example, a file full of quirks, the bounds of a line read); and the help
 // file (which lines are topics and what their texts are, lines longer than one read, where
@@ -65,13 +65,6 @@ TEST(BitmapFileTest, EveryDepthAndRowOrderGivesTheSamePicture) {
   }
 }
 
-TEST(BitmapFileTest, ChannelsAreTruncatedTo565) {
-  const auto image = platform::LoadBitmapFile(TestData("dark-channels.bmp"));
-  ASSERT_TRUE(image.has_value());
-  EXPECT_EQ(image->pixels[0], (1 << 11) | (2 << 5) | 0) << "15, 11, 7 keep their top 5, 6, 5 bits";
-  EXPECT_EQ(image->pixels[1], (1 << 11) | (1 << 5) | 1);
-}
-
 TEST(BitmapFileTest, RunLengthPictures) {
   const std::vector<std::uint32_t> palette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF};
   struct Case {
@@ -117,11 +110,15 @@ TEST(BitmapFileTest, BrokenFilesAreRefused) {
   EXPECT_FALSE(DecodeBitmap(patched(30, 1, 4)).has_value()) << "run lengths on 24 bits";
   EXPECT_FALSE(DecodeBitmap(patched(10, 0xFFFFFF00, 4)).has_value()) << "pixels beyond the end";
 
-  // A palette index beyond the palette shows black.
-  const auto beyond = platform::LoadBitmapFile(TestData("short-palette.bmp"));
-  ASSERT_TRUE(beyond.has_value());
-  EXPECT_EQ(beyond->pixels[0], Expected(0xFF0000));
-  EXPECT_EQ(beyond->pixels[1], 0);
+  // Channels keep their top 5, 6, 5 bits ((15, 11, 7) and (8, 4, 8)); a palette index
+  // beyond the palette shows black.
+  for (const auto& [name, first, second] :
+       {std::tuple{"dark-channels.bmp", (1 << 11) | (2 << 5), (1 << 11) | (1 << 5) | 1},
+        {"short-palette.bmp", int{Expected(0xFF0000)}, 0}}) {
+    const auto image = platform::LoadBitmapFile(TestData(name));
+    ASSERT_TRUE(image.has_value()) << name;
+    EXPECT_EQ((std::vector<int>{image->pixels[0], image->pixels[1]}), (std::vector{first, second})) << name;
+  }
   EXPECT_FALSE(platform::LoadBitmapFile("/nonexistent/quarnwick.bmp").has_value());
   EXPECT_FALSE(platform::LoadBitmapFile(QUARNWICK_TEST_DATA).has_value()) << "a folder is no picture";
 }
@@ -181,9 +178,7 @@ TEST_F(WaveReaderTest, GoodFilesGiveTheirFormatAndEveryByteOfData) {
     std::vector<Chunk> chunks;
     WaveFormat format;
   } cases[] = {
-      {"mono, 8 bits", {{"fmt ", FmtBody(1, 1, 11025, 8)}, {"data", Samples(25, 9)}}, Format(1, 1, 11025, 8)},
-      {"stereo, 8 bits", {{"fmt ", FmtBody(1, 2, 22050, 8)}, {"data", Samples(50, 10)}}, Format(1, 2, 22050, 8)},
-      {"mono, 16 bits", {{"fmt ", FmtBody(1, 1, 44100, 16)}, {"data", Samples(50, 17)}}, Format(1, 1, 44100, 16)},
+      // Every field of the record differs from the others, so that none is read for another.
       {"stereo, 16 bits", {{"fmt ", FmtBody(1, 2, 22050, 16)}, {"data", Samples(100, 18)}}, Format(1, 2, 22050, 16)},
       {"a compressed format: two extra bytes and a fact chunk",
        {{"fmt ", FmtBody(0x11, 1, 8000, 4, Bytes{0xF9, 0x01})}, {"fact", {0x40, 0, 0, 0}}, {"data", Samples(64, 5)}},
@@ -520,9 +515,14 @@ class HelpFileReadingTest : public ::testing::Test {
   InFolder here{folder / "here"};
 };
 
-TEST_F(HelpFileReadingTest, MissingEmptyAndShortFiles) {
+TEST_F(HelpFileReadingTest, MissingEmptyAndShortFilesHereOrInTheDataRoot) {
   EXPECT_EQ(Read(3), Reading("", 3)) << "no file anywhere: the index stays";
+  Write(folder / "root" / "help.dat", "INFO from the data root\n");
+  EXPECT_EQ(HelpFilePath(), platform::DataPath("help.dat"));
+  EXPECT_EQ(Read(0).first, "from the data root ");
+  // The current directory comes before the data root, even with an empty file.
   Write(folder / "here" / "help.dat", "");
+  EXPECT_EQ(HelpFilePath(), "help.dat");
   EXPECT_EQ(Read(3), Reading("", 0)) << "an empty file has no topic 3: back to the first";
   Write(folder / "here" / "help.dat", "no topics\nhere at all\n");
   EXPECT_EQ(Read(0), Reading("", 0));
@@ -531,15 +531,6 @@ TEST_F(HelpFileReadingTest, MissingEmptyAndShortFiles) {
   EXPECT_EQ(Read(2), Reading("two ", 2));
   EXPECT_EQ(Read(3), Reading("zero ", 0)) << "past the last topic the first comes again";
   EXPECT_EQ(Read(-4), Reading("zero ", 0));
-}
-
-TEST_F(HelpFileReadingTest, TheCurrentDirectoryComesBeforeTheDataRoot) {
-  Write(folder / "root" / "help.dat", "INFO from the data root\n");
-  EXPECT_EQ(HelpFilePath(), platform::DataPath("help.dat"));
-  EXPECT_EQ(Read(0).first, "from the data root ");
-  Write(folder / "here" / "help.dat", "INFO from here\n");
-  EXPECT_EQ(HelpFilePath(), "help.dat");
-  EXPECT_EQ(Read(0).first, "from here ");
   std::filesystem::remove(folder / "here" / "help.dat");
   EXPECT_EQ(Read(0).first, "from the data root ");
 }

@@ -352,33 +352,36 @@ class TempleScreenTest : public PlaceScreenFixture {
   InFolder here{folder / "here"};
 };
 
-TEST_F(TempleScreenTest, EachVisitShowsTheNextTopicAndTheFirstComesAgainAfterTheLast) {
-  WriteHelp(kThreeTopics);
-  for (const char* expected : {kFirst, kSecond, kThird, kFirst, kSecond}) {
-    Visit();
-    EXPECT_TRUE(Shows(expected)) << expected;
-    Leave();
-  }
-  EXPECT_EQ(helpTopicIndex, 2) << "the next visit shows the third topic";
-}
-
-TEST_F(TempleScreenTest, LearnMoreMovesOnAtOnceAndTheNextVisitGoesOnFromThere) {
-  WriteHelp(kThreeTopics);
+TEST_F(TempleScreenTest, EachVisitAndLearnMoreShowTheNextTopicAndTheFirstComesAgainAfterTheLast) {
+  // No help.dat at all: nothing shown, nothing said, and the count goes on with the visits.
   Visit();
+  EXPECT_TRUE(Shows(""));
   Key(platform::VK_RETURN);  // Learn More is lit
-  EXPECT_TRUE(AtPlace());
-  EXPECT_TRUE(Shows(kSecond));
+  EXPECT_TRUE(Shows(""));
+  EXPECT_EQ(helpTopicIndex, 2);
+  EXPECT_TRUE(game->backend.MessageBoxes().empty());
   Leave();
+
+  // The file appears: the count picks up where it was, after the Learn More. Learn More
+  // moves on at once, by the mouse, the right button and the keys, round after the last.
+  WriteHelp(kThreeTopics);
   Visit();
-  EXPECT_TRUE(Shows(kThird)) << "the visit after a Learn More shows the topic after it";
+  EXPECT_TRUE(Shows(kThird));
   Click(kLearnMoreButton.left, kLearnMoreButton.top);
   EXPECT_TRUE(Shows(kFirst)) << "Learn More after the last topic";
   RightClick(200, 325);
   EXPECT_TRUE(Shows(kSecond));
   Key(platform::VK_SPACE);
   EXPECT_TRUE(Shows(kThird));
-  // Learn More is silent (only the first visit's Exit clicked) and plays no fanfare either.
-  EXPECT_EQ(std::tuple(Plays(kClickSamples), Plays(kFanfareSamples)), std::tuple(1, 2));
+  Leave();
+  // Each visit shows the next topic, the first again after the last.
+  Visit();
+  EXPECT_TRUE(Shows(kFirst));
+  Leave();
+  Visit();
+  EXPECT_TRUE(Shows(kSecond));
+  // Learn More is silent (only the Exits clicked) and plays no fanfare either.
+  EXPECT_EQ(std::tuple(Plays(kClickSamples), Plays(kFanfareSamples)), std::tuple(3, 4));
 
   // Moving the light, or a look at a Kindrel's page and back, reads nothing.
   Key(platform::VK_UP);
@@ -388,24 +391,8 @@ TEST_F(TempleScreenTest, LearnMoreMovesOnAtOnceAndTheNextVisitGoesOnFromThere) {
   ASSERT_STREQ(currentScreen->GetName(), "INSPECT_MODE");
   Click(590, 355);
   PointerAway();
-  EXPECT_TRUE(Shows(kThird));
-  EXPECT_EQ(helpTopicIndex, 3);
-}
-
-TEST_F(TempleScreenTest, WithoutTopicsTheTextIsEmptyAndTheScreenStillWorks) {
-  // No help.dat at all: nothing shown, nothing said, and the count goes on with the visits.
-  Visit();
-  EXPECT_TRUE(Shows(""));
-  Key(platform::VK_RETURN);
-  EXPECT_TRUE(Shows(""));
+  EXPECT_TRUE(Shows(kSecond));
   EXPECT_EQ(helpTopicIndex, 2);
-  EXPECT_TRUE(game->backend.MessageBoxes().empty());
-  Leave();
-
-  // The file appears: the count picks up where it was.
-  WriteHelp(kThreeTopics);
-  Visit();
-  EXPECT_TRUE(Shows(kThird));
 }
 
 }  // namespace

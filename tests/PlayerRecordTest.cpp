@@ -207,17 +207,32 @@ class SavedGameTest : public ::testing::Test {
   platform::HeadlessBackend backend;
 };
 
-TEST_F(SavedGameTest, ANewGameSavesAsItsWorkedFileAndLoadsBack) {
+TEST_F(SavedGameTest, ANewGameSavesAsItsWorkedFileWhichAFailedWriteKeepsAndLoadsBack) {
   ASSERT_TRUE(WriteSavedGame(Path("save1")));
   EXPECT_EQ(Slurp(folder / "save1.gam"), kNewGameFile);
+  EXPECT_TRUE(backend.MessageBoxes().empty());
   thePlayer.party[0]->hitPoints = 1;
   thePlayer.textSpeed = 8;
+
+  // A failed write keeps the earlier save and says why, naming the file.
+  platform::FailNextFileWrites(1, ENOSPC);
+  EXPECT_FALSE(WriteSavedGame(Path("save1")));
+  EXPECT_EQ(Slurp(folder / "save1.gam"), kNewGameFile);
+  ASSERT_EQ(backend.MessageBoxes().size(), 1u);
+  EXPECT_FALSE(backend.MessageBoxes()[0].errorIcon);
+  const std::string& box = backend.MessageBoxes()[0].text;
+  EXPECT_NE(box.find((folder / "save1.gam").string()), std::string::npos) << box;
+  EXPECT_NE(box.find("No space left on device"), std::string::npos) << box;
+  // A folder that does not exist: refused with its reason, nothing made.
+  EXPECT_FALSE(WriteSavedGame(Path("nowhere/save")));
+  EXPECT_EQ(backend.MessageBoxes().size(), 2u);
+  // Only the file and nothing left over beside it.
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+
   ASSERT_TRUE(ReadSavedGame(Path("save1.gam")));
   EXPECT_EQ(Saved(), kNewGameFile);
   EXPECT_EQ(thePlayer.party[0]->spellsKnown, 2);
-  EXPECT_TRUE(backend.MessageBoxes().empty());
-  // Only the file and nothing left over beside it.
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+  EXPECT_EQ(backend.MessageBoxes().size(), 2u);
 }
 
 TEST_F(SavedGameTest, EverythingAFileHoldsComesBack) {
@@ -282,23 +297,6 @@ TEST_F(SavedGameTest, TheNameOfASave) {
   EXPECT_TRUE(fs::exists(folder / "games.v2" / "mine.gam"));
   EXPECT_FALSE(WriteSavedGame(""));
   EXPECT_TRUE(backend.MessageBoxes().empty()) << "an empty name writes nothing and says nothing";
-}
-
-TEST_F(SavedGameTest, AFailedWriteKeepsTheEarlierSave) {
-  ASSERT_TRUE(WriteSavedGame(Path("keep")));
-  thePlayer.party[0]->SetName("Changed");
-  platform::FailNextFileWrites(1, ENOSPC);
-  EXPECT_FALSE(WriteSavedGame(Path("keep")));
-  EXPECT_EQ(Slurp(folder / "keep.gam"), kNewGameFile);
-  ASSERT_EQ(backend.MessageBoxes().size(), 1u);
-  EXPECT_FALSE(backend.MessageBoxes()[0].errorIcon);
-  const std::string& box = backend.MessageBoxes()[0].text;
-  EXPECT_NE(box.find((folder / "keep.gam").string()), std::string::npos) << box;
-  EXPECT_NE(box.find("No space left on device"), std::string::npos) << box;
-  // A folder that does not exist: refused with its reason, nothing made.
-  EXPECT_FALSE(WriteSavedGame(Path("nowhere/save")));
-  EXPECT_EQ(backend.MessageBoxes().size(), 2u);
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
 }
 
 TEST_F(SavedGameTest, BrokenFilesAreRefusedAndTheGameStays) {

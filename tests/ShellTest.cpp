@@ -49,9 +49,10 @@ class StackTest : public ::testing::Test {
   std::unique_ptr<HeadlessGame> game;
 };
 
-TEST_F(StackTest, PushLeaveAndReplaceActivateOnlyTheNewTop) {
+TEST_F(StackTest, PushLeaveAndReplaceActivateOnlyTheNewTopAndShutdownDeletesTopFirst) {
   bound["A"] = {{'P', kStatePush, "B"}, {'R', kStateLeave, "C"}};
   bound["B"] = {{'L', kStateLeave, nullptr}};
+  bound["C"] = {{'P', kStatePush, "B"}};
   Start("A");
   auto* a = static_cast<ProbeScreen*>(currentScreen);
   EXPECT_EQ(log, (std::vector<std::string>{"A activate"}));
@@ -69,6 +70,13 @@ TEST_F(StackTest, PushLeaveAndReplaceActivateOnlyTheNewTop) {
                                            "C activate"}));
   EXPECT_TRUE(game->backend.MessageBoxes().empty());
   EXPECT_FALSE(game->application->Ended());
+
+  // Shutdown deactivates the top and deletes every screen, the top first.
+  Press('P');
+  log.clear();
+  game->ShutDown();
+  EXPECT_EQ(log, (std::vector<std::string>{"B deactivate", "B delete", "C delete"}));
+  EXPECT_EQ(theMousePointer, nullptr);
 }
 
 TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
@@ -88,18 +96,6 @@ TEST_F(StackTest, RequestsWithoutAScreenAreFatal) {
     }
     game.reset();
   }
-}
-
-TEST_F(StackTest, ShutdownDeactivatesTheTopAndDeletesTopFirst) {
-  bound["A"] = {{'P', kStatePush, "B"}};
-  bound["B"] = {{'P', kStatePush, "C"}};
-  Start("A");
-  Press('P');
-  Press('P');
-  log.clear();
-  game->ShutDown();
-  EXPECT_EQ(log, (std::vector<std::string>{"C deactivate", "C delete", "B delete", "A delete"}));
-  EXPECT_EQ(theMousePointer, nullptr);
 }
 
 TEST_F(StackTest, ShortcutsWorkOnEveryScreen) {

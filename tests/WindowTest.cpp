@@ -301,7 +301,7 @@ TEST_F(FileDialogTest, ListsTheReadableSavedGamesNewestFirst) {
   EXPECT_EQ(std::tuple(seen.back().selected, seen.back().name), std::tuple(-1, "")) << "nothing chosen yet";
 }
 
-TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnterAndLeavesWithEscape) {
+TEST_F(FileDialogTest, KeysAndTheMouseChooseAFileOrLeaveWithout) {
   for (int i = 0; const char* name : {"first.gam", "second.gam", "third.gam"}) MakeSave(name, 10 * ++i);
   EXPECT_EQ(Open({VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_RETURN}), In("second.gam"));
   EXPECT_EQ(seen.back().name, "second.gam") << "moving in the list fills the name field";
@@ -323,6 +323,30 @@ TEST_F(FileDialogTest, KeyboardChoosesWithTheArrowsAndEnterAndLeavesWithEscape) 
   ClickOn(layout.cancel);
   EXPECT_EQ(Open(), std::nullopt);
   EXPECT_TRUE(fs::exists(In("first.gam")));
+
+  // The mouse chooses a file, then OK, or with a double click.
+  ClickOn(layout.Row(1));
+  ClickOn(layout.ok);
+  EXPECT_EQ(Open(), In("second.gam"));
+  ClickOn(layout.Row(2));
+  ClickOn(layout.Row(2), 100);
+  EXPECT_EQ(Open(), In("third.gam"));
+
+  // Two clicks far apart in time are two single clicks; a press that leaves OK before the
+  // release does not press it.
+  ClickOn(layout.Row(2));
+  ClickOn(layout.Row(2), 2000);
+  const Rect ok = Middle(layout.ok);
+  backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(ok.left, ok.top));
+  backend.MouseMove(20, 20);
+  backend.Queue(WM_LBUTTONUP, 0, PackPoint(20, 20));
+  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
+  EXPECT_EQ(seen.back().selected, 2);
+
+  // A click below the last file chooses nothing.
+  ClickOn(layout.Row(5));
+  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
+  EXPECT_EQ(seen.back().selected, -1);
 }
 
 TEST_F(FileDialogTest, TypedNamesArePathsInTheSavesFolderOrAsGiven) {
@@ -344,32 +368,6 @@ TEST_F(FileDialogTest, TypedNamesArePathsInTheSavesFolderOrAsGiven) {
   MakeSave("dragon.gam", 10);
   Keys({VK_DOWN, VK_BACK, VK_BACK, VK_BACK, VK_BACK});
   EXPECT_EQ(Save({VK_RETURN}, "s"), In("dragons"));
-  EXPECT_EQ(seen.back().selected, -1);
-}
-
-TEST_F(FileDialogTest, MouseChoosesAFileThenOkOrWithADoubleClick) {
-  for (int i = 0; const char* name : {"one.gam", "two.gam", "three.gam"}) MakeSave(name, 10 * ++i);
-  ClickOn(layout.Row(1));
-  ClickOn(layout.ok);
-  EXPECT_EQ(Open(), In("two.gam"));
-  ClickOn(layout.Row(2));
-  ClickOn(layout.Row(2), 100);
-  EXPECT_EQ(Open(), In("three.gam"));
-
-  // Two clicks far apart in time are two single clicks; a press that leaves OK before the
-  // release does not press it.
-  ClickOn(layout.Row(2));
-  ClickOn(layout.Row(2), 2000);
-  const Rect ok = Middle(layout.ok);
-  backend.Queue(WM_LBUTTONDOWN, MK_LBUTTON, PackPoint(ok.left, ok.top));
-  backend.MouseMove(20, 20);
-  backend.Queue(WM_LBUTTONUP, 0, PackPoint(20, 20));
-  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
-  EXPECT_EQ(seen.back().selected, 2);
-
-  // A click below the last file chooses nothing.
-  ClickOn(layout.Row(5));
-  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
   EXPECT_EQ(seen.back().selected, -1);
 }
 

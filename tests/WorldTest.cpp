@@ -77,20 +77,8 @@ TEST_F(WorldTest, ANewGameShowsFivePlacesAndTheHoverAndClickRules) {
   EXPECT_NE(Top(), "MAP_MODE");
 }
 
-TEST_F(WorldTest, FaintedPartiesStayOutOfTowersAndBeatenTowersStayShut) {
-  thePlayer.party[0]->hitPoints = 0;
-  game->Click(320, 140);
-  EXPECT_EQ(std::tuple(Top(), std::string(thePlayer.currentLocation->name)), std::tuple("MAP_MODE", "Earth Wizard"));
-  thePlayer.party[0]->hitPoints = 3;
-  thePlayer.wizardDefeated[0] = 1;
-  game->Click(320, 140);
-  EXPECT_EQ(Top(), "MAP_MODE") << "a beaten wizard's tower does not open";
-  thePlayer.wizardDefeated[0] = 0;
-  game->Click(320, 140);
-  EXPECT_EQ(Top(), "TOWER MODE");
-}
-
-TEST_F(WorldTest, PartyBoxesOpenTheInformationScreenWhereARenameIsKept) {
+TEST_F(WorldTest, PartyBoxesOpenTheInformationScreenToSwapAndRename) {
+  thePlayer.party[2] = Kindrel::Create(0, 3);
   game->Key(platform::VK_UP);  // from "Options" up to the sixth box
   EXPECT_EQ(map->widgets.current->GetId(), 6u);
   game->Click(163, 420);  // slot 1 is empty
@@ -100,19 +88,9 @@ TEST_F(WorldTest, PartyBoxesOpenTheInformationScreenWhereARenameIsKept) {
   auto* info = static_cast<CreatureInfoScreen*>(currentScreen);
   EXPECT_STREQ(info->nameField->Caption(), "Mookie");
   EXPECT_NE(info->widgets.FindById(CreatureInfoScreen::kSwap), nullptr);
-  game->Type("\b\b\b\b\b\bPuff");
-  EXPECT_STREQ(info->nameField->Caption(), "Puff");
-  game->Click(590, 355);  // EXIT
-  EXPECT_EQ(std::tuple(Top(), std::string(thePlayer.party[0]->name)), std::tuple("MAP_MODE", "Puff"));
-}
-
-TEST_F(WorldTest, SwappingPlacesOnTheInformationScreen) {
-  thePlayer.party[2] = Kindrel::Create(0, 3);
-  game->backend.LeftClick(20, 420);
-  game->RunFor(100);
-  auto* info = static_cast<CreatureInfoScreen*>(currentScreen);
-  // Typing then clicking the box shown discards the typing.
+  // Typing goes to the name field at once; clicking the box shown then discards it.
   game->Type("zz");
+  EXPECT_STREQ(info->nameField->Caption(), "Mookiezz");
   game->Click(20, 420);
   EXPECT_STREQ(info->nameField->Caption(), "Mookie");
   // SWAP, then the empty slot 4: Mookie moves there and slot 0 is empty.
@@ -128,9 +106,24 @@ TEST_F(WorldTest, SwappingPlacesOnTheInformationScreen) {
   game->Click(230, 420);
   EXPECT_EQ(std::tuple(std::string(thePlayer.party[4]->name), std::string(info->nameField->Caption())),
             std::tuple("Mookie!", "Bluberd"));
+  // A rename is kept when the screen is left.
+  game->Click(100, 60);
+  game->Type("\b\b\b\b\b\b\bPuff");
+  EXPECT_STREQ(info->nameField->Caption(), "Puff");
+  game->Click(590, 355);  // EXIT
+  EXPECT_EQ(std::tuple(Top(), std::string(thePlayer.party[2]->name)), std::tuple("MAP_MODE", "Puff"));
 }
 
 TEST_F(WorldTest, ATowerBeforeAndAfterItsBattle) {
+  // Fainted parties stay out, and a beaten wizard's tower does not open.
+  thePlayer.party[0]->hitPoints = 0;
+  game->Click(320, 140);
+  EXPECT_EQ(std::tuple(Top(), std::string(thePlayer.currentLocation->name)), std::tuple("MAP_MODE", "Earth Wizard"));
+  thePlayer.party[0]->hitPoints = 3;
+  thePlayer.wizardDefeated[0] = 1;
+  game->Click(320, 140);
+  EXPECT_EQ(Top(), "MAP_MODE");
+  thePlayer.wizardDefeated[0] = 0;
   game->Click(320, 140);
   ASSERT_EQ(Top(), "TOWER MODE");
   auto* tower = static_cast<TowerScreen*>(currentScreen);

@@ -244,11 +244,8 @@ TEST(MazeFloors, AreTheCellsDiamondAndTileWithoutGapsSeamsOrRims) {
     const Picture floor = Load(std::string(area) + "-floor.bmp");
     ASSERT_EQ(floor.width, kFloorWidth);
     ASSERT_EQ(floor.height, kFloorHeight);
-    for (const auto& [x, y] :
-         {std::pair{0, 0}, {kFloorWidth - 1, 0}, {0, kFloorHeight - 1}, {kFloorWidth - 1, kFloorHeight - 1}})
-      EXPECT_FALSE(Opaque(floor, x, y)) << "corner " << x << "," << y;
-    EXPECT_TRUE(Opaque(floor, kFloorWidth / 2, kFloorHeight / 2));
-    // Everything well inside the diamond is drawn, nothing well outside it.
+    // Everything well inside the diamond is drawn, nothing well outside it (the picture's
+    // corners, say).
     int holes = 0, spills = 0;
     for (int y = 0; y < kFloorHeight; ++y) {
       for (int x = 0; x < kFloorWidth; ++x) {
