@@ -357,12 +357,13 @@ TEST_F(EffectsTest, EmittersPickWithinTheirBoundsAndAdditiveSaturates) {
   EXPECT_EQ(pool.particles[0].y, static_cast<float>(y));
 
   theDisplay->ClearScreen(0, 0, 0);
-  back->Fill({40, 40, 41, 41}, platform::Rgb565(248, 0, 0));
+  // Yellow on purple: red saturates, blue stays from below.
+  back->Fill({40, 40, 41, 41}, platform::Rgb565(248, 0, 96));
   ParticlePool glow(1);
   glow.AddParticle(255, 255, 0, 40.0f, 40.0f, 0.0f, 0.0f, 3, Keep);
   glow.UpdateAndDrawAdditive();
   EndAdditive();
-  EXPECT_EQ(back->At(40, 40), platform::Rgb565(255, 255, 0));
+  EXPECT_EQ(back->At(40, 40), platform::Rgb565(255, 255, 96));
 }
 
 TEST_F(EffectsTest, PointerPutsBackWhatItCovered) {
