@@ -424,6 +424,13 @@ TEST(AreaFileTest, ReadsAreBoundedAndALastLineWithoutItsEndLosesACharacter) {
   EXPECT_STREQ(texts.Event(0)->gives, "Flute");
   EXPECT_EQ(std::string(texts.values.combatBackground), std::string(127, 'p'));
 
+  // A CR LF is one line end, also when one read ends on the CR and the next begins with
+  // the LF; a lone CR is kept.
+  ReadFile windows("ROW 12\r\nEVENT A\r\nMAINTEXT " + std::string(2036, 't') + "\r\nNEEDS a\rb\r\n");
+  ASSERT_EQ(windows.order.size(), 1u);
+  EXPECT_EQ(std::tuple(windows.width, std::string(windows.Event(0)->mainText), std::string(windows.Event(0)->needs)),
+            std::tuple(2, std::string(2036, 't'), std::string("a\rb")));
+
   std::string content, reason;
   EXPECT_FALSE(LoadAreaText("/nowhere/genwood.dat", &content, &reason));
   EXPECT_EQ(reason, "is missing");

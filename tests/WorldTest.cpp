@@ -16,6 +16,7 @@
 //   y6 1111201111
 //   y7 1000000001
 //   y8 1111112111
+#include <climits>
 #include <filesystem>
 #include <set>
 
@@ -26,7 +27,9 @@
 #include "screens/CreatureInfoScreen.h"
 #include "screens/MessageScreen.h"
 #include "screens/TowerScreen.h"
+#include "shell/Random.h"
 #include "support/HeadlessGame.h"
+#include "world/EncounterDraw.h"
 #include "world/EventScreen.h"
 #include "world/MazeScreen.h"
 #include "world/WorldMapScreen.h"
@@ -307,6 +310,41 @@ TEST_F(MazeTest, EncountersDrawFromTheLastAreaAndOutsideEveryAreaTheCountRestart
   EXPECT_EQ(species, (std::set<int>{0, 1, 2, 3, 4, 5, 6})) << "both ends of the species range";
   EXPECT_EQ(levels, (std::set<int>{1, 2})) << "never the top of the level range";
   for (int i = 0; i < 20; ++i) EXPECT_EQ(meet({3, 4}, 0, -1), (std::pair<int, int>{30, 5})) << "b lies over a";
+}
+
+// Any ranges a file gives are drawn by the one formula, reversed ones too, with one random
+// call for the species and one for a level range that is not a single value; only what the
+// game cannot hold is mended afterwards.
+TEST(EncounterDrawTest, EveryRangeFollowsTheFormulaWithItsRandomCalls) {
+  struct Case {
+    std::int32_t speciesMin, speciesMax, levelMin, levelMax;
+    std::set<int> species, levels;
+    int calls;
+  };
+  const Case cases[] = {
+      {6, 0, 5, 3, {6, 7, 8, 9, 10}, {5, 6}, 2},       // reversed: the remainder reaches above the minimum
+      {3, 2, 4, 4, {3}, {4}, 1},                       // a zero remainder's range gives its minimum
+      {33, 40, -7, -7, {33, 34, 35}, {1}, 1},          // beyond the table; below level 1
+      {INT_MIN, INT_MAX, INT_MAX - 1, INT_MAX, {0}, {kMostEncounterLevel}, 2},  // no overflow
+  };
+  for (const Case& c : cases) {
+    EncounterArea area('a');
+    area.speciesMin = c.speciesMin, area.speciesMax = c.speciesMax;
+    area.levelMin = c.levelMin, area.levelMax = c.levelMax;
+    std::set<int> species, levels;
+    for (std::uint32_t seed = 1; seed <= 200; ++seed) {
+      SeedRandom(seed);
+      const EncounterDraw met = DrawEncounter(area);
+      species.insert(met.species);
+      levels.insert(met.level);
+      const std::uint32_t after = RandomState();
+      SeedRandom(seed);
+      for (int i = 0; i < c.calls; ++i) Rand();
+      ASSERT_EQ(after, RandomState()) << c.speciesMin << ".." << c.speciesMax << " seed " << seed;
+    }
+    EXPECT_EQ(species, c.species) << c.speciesMin << ".." << c.speciesMax;
+    EXPECT_EQ(levels, c.levels) << c.levelMin << ".." << c.levelMax;
+  }
 }
 
 TEST_F(MazeTest, AWonCombatKeepsTheWalkAndALostOneEndsIt) {

@@ -2,6 +2,14 @@
 
 #include <algorithm>
 
+std::string WithPlainLineEnds(std::string_view content) {
+  std::string text;
+  text.reserve(content.size());
+  for (std::size_t i = 0; i < content.size(); ++i)
+    if (content[i] != '\r' || i + 1 == content.size() || content[i + 1] != '\n') text.push_back(content[i]);
+  return text;
+}
+
 std::string_view NextLinePiece(std::string_view content, std::size_t& at) {
   const std::size_t start = at;
   const std::size_t most = std::min<std::size_t>(content.size() - start, kLineReadLength);

@@ -49,20 +49,12 @@ Line Classify(std::string_view piece) {
   return line;
 }
 
-// The lines of the content. A line read as "\r\n" counts as one ending in "\n", so that
-// files of both line-end styles read alike.
+// The lines of the content, read as text: a CR LF is one line end, wherever the bounded
+// reads split the line, so that files of both line-end styles read alike.
 template <typename Visit>
 void ForEachLine(std::string_view content, Visit visit) {
-  std::string normalised;
-  for (std::size_t at = 0; at < content.size();) {
-    std::string_view piece = NextLinePiece(content, at);
-    if (piece.size() >= 2 && piece[piece.size() - 2] == '\r' && piece.back() == '\n') {
-      normalised.assign(piece.substr(0, piece.size() - 2));
-      normalised.push_back('\n');
-      piece = normalised;
-    }
-    visit(Classify(piece));
-  }
+  const std::string text = WithPlainLineEnds(content);
+  for (std::size_t at = 0; at < text.size();) visit(Classify(NextLinePiece(text, at)));
 }
 
 // A text value: the argument without the line feeds at its end, cut to fit the field.

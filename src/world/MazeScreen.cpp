@@ -17,6 +17,7 @@
 #include "screens/MessageScreen.h"
 #include "shell/Globals.h"
 #include "shell/Random.h"
+#include "world/EncounterDraw.h"
 #include "world/EventScreen.h"
 
 namespace {
@@ -65,10 +66,6 @@ int CurrentTier() {
   const LocationInfo* place = thePlayer.currentLocation;
   return place && place->tier >= 0 && place->tier <= 5 ? place->tier : 0;
 }
-
-// A level in 1..9999 and a species in 0..35 whatever a file says: a real file's ranges
-// give exactly what they say.
-int Clamp(int value, int low, int high) { return value < low ? low : value > high ? high : value; }
 
 }  // namespace
 
@@ -370,13 +367,7 @@ void MazeScreen::EncounterCheck() {
   stepsToEncounter = 15 + Rand() % 10;
   const EncounterArea* area = AreaAt(playerCell);
   if (!area) return;
-  const int speciesLow = Clamp(area->speciesMin, 0, kSpeciesCount - 1);
-  const int speciesHigh = Clamp(area->speciesMax, speciesLow, kSpeciesCount - 1);
-  const int species = speciesLow + Rand() % (speciesHigh - speciesLow + 1);
-  const int levelLow = Clamp(area->levelMin, 1, 9999);
-  const int levelHigh = Clamp(area->levelMax, levelLow, 9999);
-  // The upper end of the level range is never met, unlike the species range's.
-  const int level = levelHigh == levelLow ? levelLow : levelLow + Rand() % (levelHigh - levelLow);
+  const auto [species, level] = DrawEncounter(*area);
   SpeciesInfo* row = SpeciesAt(species);
   row->encounterLevel = level;
   auto** list = static_cast<SpeciesInfo**>(std::malloc(sizeof(SpeciesInfo*)));
