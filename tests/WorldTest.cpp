@@ -400,6 +400,22 @@ TEST_F(MazeTest, EventsShowTheirTextsLockTheirCellsAndGiveTheirItems) {
   EXPECT_EQ(ItemNames(thePlayer), (std::vector<std::string>{"KEY OF FIRE", "Gate Pass", "Flute of Wind", "flute"}));
 }
 
+// A wall picture far taller than ours still shows wherever it reaches the screen, however
+// far below it the cell's own point lies.
+TEST_F(MazeTest, TallArtIsDrawnWhereverItReachesTheScreen) {
+  MazeScreen* maze = Enter("walk.dat");
+  maze->wallPicture.CreateBlank(109, 400);
+  const std::uint16_t red = theDisplay->MatchColour(maze->wallPicture.surface.get(), PackColour(200, 30, 30));
+  maze->wallPicture.surface->Fill({0, 0, 109, 400}, red);
+  maze->grid.originX = 320;
+  maze->grid.originY = 720;  // every cell's point below the screen
+  game->RunFor(100);
+  const std::vector<std::uint16_t>& frame = game->backend.LastFrame();
+  int walls = 0;
+  for (int y = 330; y < 480; ++y) walls += frame[static_cast<std::size_t>(y) * 640 + 320] == red;
+  EXPECT_GT(walls, 140) << "of 150 pixels of the column under the top wall";
+}
+
 TEST_F(MazeTest, ExitsTheViewAndTheMouse) {
   MazeScreen* maze = Enter("walk.dat");
   EXPECT_EQ(Origin(maze), (std::pair{2 * 54 + 320, 240 - 14 * 14})) << "centred on the start";

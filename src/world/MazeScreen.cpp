@@ -1,5 +1,6 @@
 #include "world/MazeScreen.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -23,6 +24,7 @@
 namespace {
 
 constexpr float kPi = std::numbers::pi_v<float>;
+constexpr int kScreenWidth = 640, kScreenHeight = 480;
 
 const char* const kArrowFiles[4] = {"dat\\arrow-RU.bmp", "dat\\arrow-LU.bmp", "dat\\arrow-RD.bmp", "dat\\arrow-LD.bmp"};
 const char* const kAmbientFiles[6] = {"dat\\forestlp.wav", "dat\\driploop.wav", "dat\\driploop.wav",
@@ -432,18 +434,42 @@ void MazeScreen::DrawCell(int x, int y, int hFloor, int hFigure) {
   }
 }
 
+MazeScreen::CellReach MazeScreen::Reach(int hFloor) const {
+  CellReach reach{0, 0, 0, 0};
+  // A picture drawn centred on (sx, sy + dy) covers sx - w / 2 .. sx - w / 2 + w across and
+  // sy + dy - h / 2 .. sy + dy - h / 2 + h down; one pixel more each way covers the rounding.
+  auto add = [&reach](const Picture& picture, int highest, int lowest) {
+    const int w = picture.Width(), h = picture.Height();
+    reach.left = std::max(reach.left, w / 2 + 1);
+    reach.right = std::max(reach.right, w - w / 2 + 1);
+    reach.up = std::max(reach.up, h / 2 - highest + 1);
+    reach.down = std::max(reach.down, h - h / 2 + lowest + 1);
+  };
+  for (const Picture* tile : {&wallPicture, &floorPicture}) add(*tile, -tile->Height() / 2, -tile->Height() / 2);
+  // The markers bob 35 to 45 pixels above their place.
+  for (const Picture* above : {&ladder, &marker})
+    add(*above, -above->Height() / 2 - hFloor / 2 - 46, -above->Height() / 2 - hFloor / 2 - 35);
+  add(floorMarker, -hFloor / 2, -hFloor / 2);
+  return reach;
+}
+
 void MazeScreen::Draw() {
   if (!theDisplay) return;
   theDisplay->ClearScreen(0, 0, 0);
   const int hFloor = floorPicture.Height();
   const int hFigure = figureFrames[0].Height();
+  // Cells whose pictures lie wholly off the screen draw nothing; skipping them keeps large
+  // mazes fast. The figure's cells are always drawn, as the walking figure moves between two.
+  const CellReach reach = Reach(hFloor);
   for (int y = 0; y < grid.height; ++y) {
     for (int x = 0; x < grid.width; ++x) {
       if (grid.visible[static_cast<std::size_t>(y) * grid.width + x] != 1) continue;
-      // Cells well off the screen draw nothing; skipping them keeps large mazes fast.
       int sx, sy;
       ScreenPoint({x, y}, &sx, &sy);
-      if (sx < -120 || sx > 760 || sy < -40 || sy > 700) continue;
+      const MazeCell here{x, y};
+      const bool offScreen = sx + reach.right <= 0 || sx - reach.left >= kScreenWidth || sy + reach.down <= 0 ||
+                             sy - reach.up >= kScreenHeight;
+      if (offScreen && here != playerCell && here != previousCell) continue;
       DrawCell(x, y, hFloor, hFigure);
     }
   }

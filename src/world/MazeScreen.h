@@ -92,6 +92,11 @@ class MazeScreen : public GameMode {
   void LeaveForProblem();
   void EmitWeather();
   void RebuildMinimap();
+  // How far the pictures a cell draws reach from its screen point, by their loaded sizes.
+  struct CellReach {
+    int left, right, up, down;
+  };
+  CellReach Reach(int hFloor) const;
   void Draw();
   void DrawCell(int x, int y, int hFloor, int hFigure);
   void FigurePoint(MazeCell cell, int hFloor, int hFigure, int* x, int* y) const;
