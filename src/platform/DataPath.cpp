@@ -3,8 +3,12 @@
 #include <filesystem>
 #include <system_error>
 
+// Set by the build from the install layout it was configured for.
 #ifndef QUARNWICK_INSTALLED_DATA
 #define QUARNWICK_INSTALLED_DATA "/usr/local/share/quarnwick"
+#endif
+#ifndef QUARNWICK_DATA_FROM_BIN
+#define QUARNWICK_DATA_FROM_BIN "../share/quarnwick"
 #endif
 
 namespace platform {
@@ -13,6 +17,11 @@ namespace {
 std::string& OverrideRoot() {
   static std::string root;
   return root;
+}
+
+bool HoldsData(const std::string& folder) {
+  std::error_code error;
+  return std::filesystem::is_directory(folder + "/dat", error);
 }
 
 }  // namespace
@@ -24,19 +33,26 @@ std::string ExecutableFolder() {
   return exe.parent_path().string();
 }
 
+std::vector<std::string> DataRootCandidates() {
+  const std::string beside = ExecutableFolder();
+  // Installed: the data folder as seen from the program's own folder, wherever the tree
+  // was installed or unpacked; then the folder the build was configured to install to.
+  const std::string installed = (std::filesystem::path(beside) / QUARNWICK_DATA_FROM_BIN).lexically_normal().string();
+  return {beside, installed, QUARNWICK_INSTALLED_DATA};
+}
+
 std::string DataRoot() {
   if (!OverrideRoot().empty()) return OverrideRoot();
   static const std::string found = [] {
-    std::error_code error;
-    const std::string beside = ExecutableFolder();
-    if (std::filesystem::is_directory(beside + "/dat", error)) return beside;
-    // Installed: bin/quarnwick finds share/quarnwick beside bin/, wherever the prefix is.
-    const std::string installed = beside + "/../share/quarnwick";
-    if (std::filesystem::is_directory(installed + "/dat", error)) return installed;
-    return std::string(QUARNWICK_INSTALLED_DATA);
+    const std::vector<std::string> candidates = DataRootCandidates();
+    for (const std::string& folder : candidates)
+      if (HoldsData(folder)) return folder;
+    return candidates.back();
   }();
   return found;
 }
+
+bool DataRootHoldsData() { return HoldsData(DataRoot()); }
 
 void SetDataRoot(const std::string& folder) { OverrideRoot() = folder; }
 

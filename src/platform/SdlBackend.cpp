@@ -1,6 +1,8 @@
 #include "platform/SdlBackend.h"
 
 #include <SDL.h>
+#include <cstdio>
+#include <cstdlib>
 #include <dlfcn.h>
 #include <link.h>
 #include <time.h>
@@ -267,6 +269,23 @@ std::uint32_t SdlBackend::TickCount() {
   return static_cast<std::uint32_t>(static_cast<std::uint64_t>(ts.tv_sec) * 1000u + ts.tv_nsec / 1000000);
 }
 
+namespace {
+
+// Without a display SDL falls back on a video driver that draws into memory, and the game
+// would run on unseen. That driver is used only when asked for by name (the tests do).
+bool HasRealDisplay() {
+  const char* driver = SDL_GetCurrentVideoDriver();
+  const std::string name = driver ? driver : "";
+  if (name != "offscreen" && name != "dummy") return true;
+  const char* asked = std::getenv("SDL_VIDEODRIVER");
+  if (asked && name == asked) return true;
+  std::fprintf(stderr, "Quarnwick: no display could be opened: neither DISPLAY nor WAYLAND_DISPLAY names one "
+                       "that can be reached.\n");
+  return false;
+}
+
+}  // namespace
+
 OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int height, bool windowed) {
   Impl& s = *impl;
   s.DestroyWindow();
@@ -276,6 +295,10 @@ OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int heigh
   s.direct = SdlDirectFrame(width, height);
   if (!s.videoStarted) {
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return OpenResult::NoVideo;
+    if (!HasRealDisplay()) {
+      SDL_QuitSubSystem(SDL_INIT_VIDEO);
+      return OpenResult::NoVideo;
+    }
     s.videoStarted = true;
   }
   SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "0");
