@@ -3,9 +3,11 @@
 // pad send the game, and full screen and back.
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <utility>
 
 #include "platform/SdlBackend.h"
+#include "platform/Settings.h"
 #include "platform/VirtualInput.h"
 #include "platform/VirtualPad.h"
 #include "support/HeadlessGame.h"
@@ -34,6 +36,7 @@ class SdlBackendTest : public ::testing::Test {
   void TearDown() override { Stop(); }
   void Start(const Application::FirstScreenFactory& first, const char* commandLine = "-F") {
     backend = std::make_unique<SdlBackend>();
+    if (settings) backend->UseSettings(settings);
     InstallBackend(backend.get());
     application = std::make_unique<Application>();
     ASSERT_EQ(application->StartUp(commandLine, first), 1);
@@ -72,6 +75,7 @@ class SdlBackendTest : public ::testing::Test {
     application->RunFor(60);
   }
 
+  Settings* settings = nullptr;  // the player's, when a test gives them
   std::unique_ptr<SdlBackend> backend;
   std::unique_ptr<Application> application;
   std::unique_ptr<VirtualPad> pad;
@@ -164,6 +168,44 @@ TEST_F(SdlBackendTest, AltEnterTogglesFullScreenWhereThePointerIsScaledToTheFram
     EXPECT_EQ(pointer(639, 479), windowed ? PackPoint(639, 479) : PackPoint(399, 299));
     Stop();
   }
+}
+
+// The window comes back as the player left it: a window of its size, or full screen, which
+// -F still overrides; Alt+Enter is written down at once.
+TEST_F(SdlBackendTest, TheWindowComesBackAsThePlayerLeftIt) {
+  const std::filesystem::path file = std::filesystem::temp_directory_path() / "quarnwick-window-test.conf";
+  std::filesystem::remove(file);
+  Settings player;
+  player.Load(file.string());
+  player.SetFlag(Settings::kFullscreen, false);
+  player.SetNumber(Settings::kWindowWidth, 1280);
+  player.SetNumber(Settings::kWindowHeight, 960);
+  settings = &player;
+  auto pointer = [&](int x, int y) {
+    input::MouseMove(x, y);
+    const auto sent = Sent();
+    return sent.empty() ? -1 : sent.back().lParam;
+  };
+  auto written = [&] {
+    Settings read;
+    read.Load(file.string());
+    return read.Flag(Settings::kFullscreen);
+  };
+  for (const char* commandLine : {"", "-F"}) {
+    SCOPED_TRACE(commandLine);
+    StartProbe(commandLine);
+    EXPECT_EQ(pointer(640, 480), PackPoint(320, 240)) << "a window of 1280 x 960";
+    input::Key("Return", true, true);
+    EXPECT_EQ(pointer(1023, 767), PackPoint(639, 479)) << "full screen";
+    EXPECT_TRUE(written());
+    input::Key("Return", true, true);
+    EXPECT_EQ(pointer(640, 480), PackPoint(320, 240));
+    EXPECT_FALSE(written());
+    Stop();
+    player.SetFlag(Settings::kFullscreen, true);  // -F opens the window all the same
+  }
+  settings = nullptr;
+  std::filesystem::remove(file);
 }
 
 TEST_F(SdlBackendTest, ThePadSpeaksInTheMessagesOfAMouseAndAKeyboard) {

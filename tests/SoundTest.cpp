@@ -123,6 +123,25 @@ TEST(SoundMixer, VoicesAddUpAndSaturateAtTheirVolumesInHundredthsOfADecibel) {
   EXPECT_EQ(Left(Render(mixer, 2, 8000, 2)), (std::vector<int>{20000, -20000}));
 }
 
+// The player's loudness: looping voices follow the music's, the others the effects', on
+// top of their own volumes.
+TEST(SoundMixer, ThePlayersLevelsScaleTheLoopsAndTheEffectsApart) {
+  AudioMixer mixer;
+  const auto effect = mixer.Add(Pcm(1, 16, 8000), Pcm16({8000, 8000, 8000, 8000}));
+  const auto loop = mixer.Add(Pcm(1, 16, 8000), Pcm16({400, 400}));
+  ASSERT_TRUE(mixer.SetVolume(effect, -600));  // about half
+  const struct {
+    int effects, music, heard;
+  } cases[] = {{100, 100, 4010 + 400}, {100, 0, 4010}, {0, 100, 400}, {50, 25, 2005 + 100}};
+  for (const auto& c : cases) {
+    mixer.SetLevels(c.effects, c.music);
+    mixer.Rewind(effect);
+    mixer.Play(effect, false);
+    mixer.Play(loop, true);
+    EXPECT_NEAR(Left(Render(mixer, 1, 8000, 2))[0], c.heard, 2) << c.effects << " " << c.music;
+  }
+}
+
 TEST(SoundMixer, AVoicePlaysOnceStopsAtItsStartAndRewindsWithoutStopping) {
   AudioMixer mixer;
   const auto voice = mixer.Add(Pcm(1, 16, 8000), Pcm16({1, 2, 3}));

@@ -114,7 +114,7 @@ std::size_t AudioMixer::VoiceCount() {
   return voices.size();
 }
 
-void AudioMixer::MixVoice(Voice& voice, std::int32_t* sum, std::size_t frames, int outRate) {
+void AudioMixer::MixVoice(Voice& voice, std::int32_t gain, std::int32_t* sum, std::size_t frames, int outRate) {
   const std::uint64_t end = static_cast<std::uint64_t>(voice.frames) << 32;
   std::uint64_t step = (static_cast<std::uint64_t>(voice.rate) << 32) / static_cast<std::uint64_t>(outRate);
   if (step == 0) step = 1;
@@ -132,8 +132,8 @@ void AudioMixer::MixVoice(Voice& voice, std::int32_t* sum, std::size_t frames, i
     constexpr std::int64_t kHalf = std::int64_t{1} << 31;  // rounds to the nearest value
     const std::int64_t left = a.left + (((b.left - a.left) * fraction + kHalf) >> 32);
     const std::int64_t right = a.right + (((b.right - a.right) * fraction + kHalf) >> 32);
-    sum[2 * n] += static_cast<std::int32_t>((left * voice.gain) >> 16);
-    sum[2 * n + 1] += static_cast<std::int32_t>((right * voice.gain) >> 16);
+    sum[2 * n] += static_cast<std::int32_t>((left * gain) >> 16);
+    sum[2 * n + 1] += static_cast<std::int32_t>((right * gain) >> 16);
     voice.position += step;
   }
   if (!voice.looping && voice.position >= end) {
@@ -142,13 +142,20 @@ void AudioMixer::MixVoice(Voice& voice, std::int32_t* sum, std::size_t frames, i
   }
 }
 
+void AudioMixer::SetLevels(int effectsPercent, int musicPercent) {
+  std::lock_guard lock(mutex);
+  effectsLevel = std::clamp(effectsPercent, 0, 100);
+  musicLevel = std::clamp(musicPercent, 0, 100);
+}
+
 void AudioMixer::Mix(std::int16_t* out, std::size_t frames, int outRate, int outChannels) {
   if (!out || frames == 0 || outChannels < 1) return;
   std::lock_guard lock(mutex);
   sum.assign(frames * 2, 0);
   if (outRate > 0) {
     for (auto& [id, voice] : voices) {
-      if (voice.playing) MixVoice(voice, sum.data(), frames, outRate);
+      const int level = voice.looping ? musicLevel : effectsLevel;
+      if (voice.playing) MixVoice(voice, voice.gain * level / 100, sum.data(), frames, outRate);
     }
   }
   for (std::size_t n = 0; n < frames; ++n) {

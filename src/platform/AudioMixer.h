@@ -48,6 +48,10 @@ class AudioMixer {
 
   std::size_t VoiceCount();
 
+  // The player's loudness, 0 to 100 each, over every voice's own volume: looping voices
+  // (music and ambient loops) take the music's, the others the effects'.
+  void SetLevels(int effectsPercent, int musicPercent);
+
  private:
   struct Voice {
     int channels = 0;
@@ -60,12 +64,14 @@ class AudioMixer {
     bool looping = false;
     std::uint64_t position = 0;  // in frames, 32.32 fixed point
   };
-  static void MixVoice(Voice& voice, std::int32_t* sum, std::size_t frames, int outRate);
+  static void MixVoice(Voice& voice, std::int32_t gain, std::int32_t* sum, std::size_t frames, int outRate);
 
   std::mutex mutex;
   std::map<VoiceId, Voice> voices;
   VoiceId nextId = 1;
   std::vector<std::int32_t> sum;  // left and right of each output frame
+  int effectsLevel = 100;
+  int musicLevel = 100;
 };
 
 // A buffer of the device that is one voice of a shared mixer. The mixer outlives the

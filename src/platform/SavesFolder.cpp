@@ -8,12 +8,10 @@
 #include <system_error>
 
 namespace platform {
-namespace {
 
-// The desktop's data folder. A relative $XDG_DATA_HOME is not valid and is ignored, as the
-// convention asks.
-std::filesystem::path DataHome() {
-  if (const char* xdg = std::getenv("XDG_DATA_HOME"); xdg && xdg[0] == '/') return xdg;
+std::filesystem::path UserBaseFolder(const char* variable, const char* underHome) {
+  // A relative value of the variable is not valid and is ignored, as the convention asks.
+  if (const char* xdg = std::getenv(variable); xdg && xdg[0] == '/') return xdg;
   std::string home;
   if (const char* env = std::getenv("HOME"); env && *env) {
     home = env;
@@ -21,13 +19,11 @@ std::filesystem::path DataHome() {
     home = user->pw_dir;
   }
   if (home.empty()) return {};
-  return std::filesystem::path(home) / ".local" / "share";
+  return std::filesystem::path(home) / underHome;
 }
 
-}  // namespace
-
 std::string SavesFolder() {
-  const std::filesystem::path dataHome = DataHome();
+  const std::filesystem::path dataHome = UserBaseFolder("XDG_DATA_HOME", ".local/share");
   if (dataHome.empty()) return {};
   const std::filesystem::path folder = (dataHome / "quarnwick" / "saves").lexically_normal();
   std::error_code error;

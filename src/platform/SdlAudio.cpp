@@ -8,6 +8,8 @@ namespace platform {
 
 SdlAudio::SdlAudio() : mixer(std::make_shared<AudioMixer>()) {}
 
+void SdlAudio::SetLevels(int effectsPercent, int musicPercent) { mixer->SetLevels(effectsPercent, musicPercent); }
+
 SdlAudio::~SdlAudio() { Close(); }
 
 bool SdlAudio::Open() {

@@ -20,6 +20,8 @@ class SdlAudio : public AudioDevice {
   bool Open() override;
   void Close() override;
   std::unique_ptr<AudioBuffer> CreateBuffer(const WaveFormat& format, std::span<const std::uint8_t> samples) override;
+  // The player's loudness of the effects and of the music, 0 to 100 each.
+  void SetLevels(int effectsPercent, int musicPercent);
 
  private:
   static void Callback(void* self, std::uint8_t* stream, int length);

@@ -7,10 +7,13 @@
 #include <link.h>
 #include <time.h>
 
+#include "platform/BitmapFile.h"
 #include "platform/Cp1252.h"
+#include "platform/DataPath.h"
 #include "platform/SdlAudio.h"
 #include "platform/SdlDirectFrame.h"
 #include "platform/SdlGamepads.h"
+#include "platform/Settings.h"
 #include "platform/Surface.h"
 #include "platform/Window.h"
 
@@ -97,6 +100,7 @@ WParam MouseButtons() {
 
 struct SdlBackend::Impl {
   SdlAudio audio;
+  Settings* settings = nullptr;  // the player's, when the game has them
   std::unique_ptr<SdlGamepads> gamepads;
   SDL_Window* window = nullptr;
   SDL_Renderer* renderer = nullptr;
@@ -147,6 +151,15 @@ struct SdlBackend::Impl {
     return scale < 1 ? 1 : scale;
   }
 
+  // The window's size: as the player last left it, else the largest whole-number scale.
+  SDL_Point WindowSize() const {
+    const int w = settings ? settings->Number(Settings::kWindowWidth) : 0;
+    const int h = settings ? settings->Number(Settings::kWindowHeight) : 0;
+    if (w > 0 && h > 0) return {w, h};
+    const int scale = WindowScale();
+    return {width * scale, height * scale};
+  }
+
   // Back from full screen the window takes the place and size it had; a game that started
   // in full screen gets the window it would have opened with.
   void ToggleFullScreen() {
@@ -167,11 +180,20 @@ struct SdlBackend::Impl {
         SDL_SetWindowPosition(window, windowRect.x, windowRect.y);
       }
     } else if (!fullScreen) {
-      const int scale = WindowScale();
-      SDL_SetWindowSize(window, width * scale, height * scale);
+      const SDL_Point size = WindowSize();
+      SDL_SetWindowSize(window, size.x, size.y);
       SDL_SetWindowPosition(window, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
     }
+    if (settings) settings->SetFlag(Settings::kFullscreen, fullScreen);
     Redraw();
+  }
+
+  // The window's size as the player leaves it, for the next start.
+  void RememberWindowSize(int w, int h) {
+    if (!settings || fullScreen || !window) return;
+    if (SDL_GetWindowFlags(window) & (SDL_WINDOW_FULLSCREEN | SDL_WINDOW_MAXIMIZED | SDL_WINDOW_MINIMIZED)) return;
+    settings->SetNumber(Settings::kWindowWidth, w);
+    settings->SetNumber(Settings::kWindowHeight, h);
   }
 
   // A mouse event's position in the frame (the renderer maps its events by itself).
@@ -216,6 +238,7 @@ struct SdlBackend::Impl {
         if (e.window.event == SDL_WINDOWEVENT_FOCUS_GAINED) PostInput(WM_ACTIVATE, 1, 0);
         if (e.window.event == SDL_WINDOWEVENT_FOCUS_LOST) PostInput(WM_ACTIVATE, 0, 0);
         if (e.window.event == SDL_WINDOWEVENT_EXPOSED || e.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) Redraw();
+        if (e.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) RememberWindowSize(e.window.data1, e.window.data2);
         break;
       case SDL_KEYDOWN: {
         const SDL_Keycode key = e.key.keysym.sym;
@@ -284,7 +307,35 @@ bool HasRealDisplay() {
   return false;
 }
 
+
+// The game's icon, the starting Kindrel, on the window for task switchers and docks; its
+// black is transparent, as when the game draws it.
+void SetWindowIcon(SDL_Window* window) {
+  const auto icon = LoadBitmapFile(DataPath("dat\\PUFFBALL.bmp"));
+  if (!icon) return;
+  SDL_Surface* surface = SDL_CreateRGBSurfaceWithFormat(0, icon->width, icon->height, 32, SDL_PIXELFORMAT_ARGB8888);
+  if (!surface) return;
+  auto* pixels = static_cast<std::uint32_t*>(surface->pixels);
+  for (int y = 0; y < icon->height; ++y) {
+    for (int x = 0; x < icon->width; ++x) {
+      const std::uint16_t p = icon->pixels[static_cast<std::size_t>(y) * icon->width + x];
+      const std::uint32_t alpha = p == 0 ? 0u : 0xFF000000u;
+      pixels[static_cast<std::size_t>(y) * (surface->pitch / 4) + x] = alpha |
+          static_cast<std::uint32_t>(Red8(p)) << 16 | static_cast<std::uint32_t>(Green8(p)) << 8 |
+          static_cast<std::uint32_t>(Blue8(p));
+    }
+  }
+  SDL_SetWindowIcon(window, surface);
+  SDL_FreeSurface(surface);
+}
+
 }  // namespace
+
+void SdlBackend::UseSettings(Settings* settings) {
+  impl->settings = settings;
+  if (settings)
+    impl->audio.SetLevels(settings->Number(Settings::kEffectsVolume), settings->Number(Settings::kMusicVolume));
+}
 
 OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int height, bool windowed) {
   Impl& s = *impl;
@@ -303,12 +354,13 @@ OpenResult SdlBackend::OpenWindow(const std::string& title, int width, int heigh
   }
   SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "0");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
-  s.fullScreen = !windowed;
-  const int scale = windowed ? s.WindowScale() : 1;
-  const std::uint32_t flags = SDL_WINDOW_RESIZABLE | (windowed ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
-  s.window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width * scale,
-                              height * scale, flags);
-  if (!s.window) return windowed ? OpenResult::NoWindow : OpenResult::NoDisplayMode;
+  // Full screen unless -F asked for a window or the player last left the game in one.
+  s.fullScreen = !windowed && (!s.settings || s.settings->Flag(Settings::kFullscreen));
+  const SDL_Point size = s.fullScreen ? SDL_Point{width, height} : s.WindowSize();
+  const std::uint32_t flags = SDL_WINDOW_RESIZABLE | (s.fullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
+  s.window = SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.x, size.y, flags);
+  if (!s.window) return s.fullScreen ? OpenResult::NoDisplayMode : OpenResult::NoWindow;
+  SetWindowIcon(s.window);
   if (!s.StartDrawing()) return s.renderer ? OpenResult::NoSurface : OpenResult::NoCooperation;
   SDL_StartTextInput();
   if (!s.gamepads) s.gamepads = std::make_unique<SdlGamepads>();

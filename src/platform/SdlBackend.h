@@ -8,6 +8,8 @@
 
 namespace platform {
 
+class Settings;
+
 class SdlBackend : public Backend {
  public:
   SdlBackend();
@@ -23,6 +25,9 @@ class SdlBackend : public Backend {
   void ShowSystemCursor(bool visible) override;
   std::string LastError() override;
   AudioDevice* Audio() override;
+  // The player's settings: the window as it was last left, the loudness of effects and
+  // music. The backend keeps the window's in them as the player changes it.
+  void UseSettings(Settings* settings);
 
  private:
   struct Impl;

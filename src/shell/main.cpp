@@ -1,11 +1,15 @@
 // Quarnwick: the entry point.
+#include <cstdio>
 #include <string>
+#include <vector>
 
 #include "platform/DataPath.h"
 #include "platform/SdlBackend.h"
+#include "platform/Settings.h"
 #include "platform/Window.h"
 #include "screens/MainMenuScreen.h"
 #include "shell/Application.h"
+#include "shell/LongOptions.h"
 
 namespace {
 
@@ -22,17 +26,26 @@ bool DataIsThere() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string commandLine;
-  for (int i = 1; i < argc; ++i) {
-    if (i > 1) commandLine += ' ';
-    commandLine += argv[i];
+  const LongOptions options = ReadLongOptions(std::vector<std::string>(argv + 1, argv + argc));
+  switch (options.action) {
+    case LongOptions::Action::Help: std::fputs(UsageText().c_str(), stdout); return 0;
+    case LongOptions::Action::Version: std::printf("Quarnwick %s\n", QUARNWICK_VERSION); return 0;
+    case LongOptions::Action::Unknown:
+      std::fprintf(stderr, "quarnwick: unknown option '%s'; 'quarnwick --help' lists the options\n",
+                   options.unknown.c_str());
+      return 2;
+    case LongOptions::Action::Play: break;
   }
+  platform::Settings settings;
+  settings.Load(platform::Settings::DefaultPath());
   platform::SdlBackend backend;
+  backend.UseSettings(&settings);
   platform::InstallBackend(&backend);
   int exitCode = 1;
   if (DataIsThere()) {
     Application application;
-    if (application.StartUp(commandLine, [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); }, ShutDownGame)) {
+    if (application.StartUp(options.commandLine, [] { return new MainMenuScreen(1, "MAIN_OPTION_MODE"); },
+                            ShutDownGame)) {
       exitCode = application.Run();
       application.ShutDown();
     }
