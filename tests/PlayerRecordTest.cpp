@@ -233,6 +233,15 @@ TEST_F(SavedGameTest, ANewGameSavesAsItsWorkedFileWhichAFailedWriteKeepsAndLoads
   EXPECT_EQ(Saved(), kNewGameFile);
   EXPECT_EQ(thePlayer.party[0]->spellsKnown, 2);
   EXPECT_EQ(backend.MessageBoxes().size(), 2u);
+
+  // A save over it keeps the one before as save1.gam.bak, one generation deep.
+  thePlayer.textSpeed = 8;
+  const std::string second = Saved();
+  ASSERT_TRUE(WriteSavedGame(Path("save1")));
+  EXPECT_EQ(std::pair(Slurp(folder / "save1.gam"), Slurp(folder / "save1.gam.bak")), std::pair(second, std::string(kNewGameFile)));
+  thePlayer.textSpeed = 3;
+  ASSERT_TRUE(WriteSavedGame(Path("save1")));
+  EXPECT_EQ(Slurp(folder / "save1.gam.bak"), second);
 }
 
 TEST_F(SavedGameTest, EverythingAFileHoldsComesBack) {

@@ -371,6 +371,19 @@ TEST_F(FileDialogTest, TypedNamesArePathsInTheSavesFolderOrAsGiven) {
   EXPECT_EQ(seen.back().selected, -1);
 }
 
+// A game can be saved without typing: the save dialog proposes the next free name, which
+// typing replaces and Backspace takes away; the load dialog proposes nothing.
+TEST_F(FileDialogTest, TheSaveDialogProposesTheNextFreeName) {
+  EXPECT_EQ(Save({VK_RETURN}), In("Quarnwick 1"));
+  MakeSave("Quarnwick 1.gam", 10);
+  MakeSave("Quarnwick 2.gam", 5);
+  EXPECT_EQ(Save({VK_RETURN}), In("Quarnwick 3"));
+  EXPECT_EQ(Save({VK_RETURN}, "mine"), In("mine"));
+  EXPECT_EQ(Save({VK_BACK, VK_RETURN, VK_ESCAPE}), std::nullopt) << "an empty name saves nothing";
+  EXPECT_EQ(Open({VK_ESCAPE}), std::nullopt);
+  EXPECT_EQ(std::pair(seen.back().name, seen.back().nameProposed), std::pair(std::string(), false));
+}
+
 TEST_F(FileDialogTest, OkWithoutAGameToOpenStaysUp) {
   MakeSave("castle.gam", 10);
   // An empty name does nothing: the dialog is still there to take the name typed after.

@@ -1,5 +1,7 @@
 #include "persist/SavedGame.h"
 
+#include <cstdio>
+
 #include <cctype>
 #include <climits>
 #include <cstring>
@@ -223,8 +225,15 @@ std::string FinalSaveName(const std::string& chosen) {
 bool WriteSavedGame(const std::string& chosen) {
   const std::string path = FinalSaveName(chosen);
   if (path.empty()) return false;
-  std::string reason;
-  if (platform::WriteFileAtomically(path, FormatSavedGame(CaptureGame(thePlayer)), &reason)) return true;
+  // The save it replaces stays beside it as name.gam.bak, one generation, written once the
+  // new save is whole.
+  std::string previous, reason;
+  const bool replacing = platform::ReadWholeFile(path, &previous, &reason);
+  if (platform::WriteFileAtomically(path, FormatSavedGame(CaptureGame(thePlayer)), &reason)) {
+    if (replacing && !platform::WriteFileAtomically(path + ".bak", previous, &reason))
+      std::fprintf(stderr, "Quarnwick: the previous save could not be kept as %s.bak: %s\n", path.c_str(), reason.c_str());
+    return true;
+  }
   platform::MessageBox(platform::kMainWindow, Format("The game could not be saved to %s: %s.", path.c_str(), reason.c_str()),
                        "Cannot save the game", platform::MB_OK);
   return false;

@@ -45,6 +45,7 @@ void ApplySavedGame(const SavedGame& game, PlayerRecord& record);
 std::string FinalSaveName(const std::string& chosen);
 // Saves the game to the chosen path (see FinalSaveName). On failure a message box names the
 // file and the reason and false is returned; an earlier file of that name is left as it was.
+// A save over an earlier one keeps that one beside it as name.gam.bak.
 bool WriteSavedGame(const std::string& chosen);
 // Loads the game from the file. A file that cannot be read or is not a whole saved game is
 // refused with a message box saying what is wrong, and nothing of the game changes.

@@ -79,6 +79,10 @@ class FileDialog {
     state.title = title;
     state.folder = folder;
     if (!folder.empty()) state.files = ListSavedGames(folder);
+    if (kind == FileDialogKind::Save && !folder.empty()) {
+      state.name = NextFreeSaveName(folder);
+      state.nameProposed = true;
+    }
   }
 
   const FileDialogState& State() const { return state; }
@@ -133,6 +137,7 @@ class FileDialog {
     index = std::clamp(index, 0, Count() - 1);
     state.selected = index;
     state.name = state.files[static_cast<std::size_t>(index)].shownName;
+    state.nameProposed = false;
     state.noSuchGame = false;
     if (index < state.firstRow) ScrollTo(index);
     if (index >= state.firstRow + FileDialogLayout::kVisibleRows) ScrollTo(index - FileDialogLayout::kVisibleRows + 1);
@@ -155,6 +160,11 @@ class FileDialog {
   }
 
   void Type(unsigned char c) {
+    if (state.nameProposed && (c == 8 || (c >= 32 && c != 127))) {
+      state.nameProposed = false;
+      state.name.clear();  // typing replaces the proposal, Backspace takes it away
+      if (c == 8) return;
+    }
     if (c == 8) {
       if (!state.name.empty()) state.name.pop_back();
     } else if (c >= 32 && c != 127) {
@@ -316,6 +326,14 @@ std::vector<SavedGameFile> ListSavedGames(const std::string& folder) {
     return a.fileName < b.fileName;
   });
   return files;
+}
+
+std::string NextFreeSaveName(const std::string& folder) {
+  for (int n = 1;; ++n) {
+    const std::string name = "Quarnwick " + std::to_string(n);
+    std::error_code error;
+    if (!std::filesystem::exists(std::filesystem::path(folder) / (name + ".gam"), error) || n >= 99999) return name;
+  }
 }
 
 std::optional<std::string> RunFileDialog(FileDialogKind kind, const std::string& title) {

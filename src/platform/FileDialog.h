@@ -34,6 +34,10 @@ struct SavedGameFile {
 // first and, at equal times, by name. Empty for an empty, missing or unreadable folder.
 std::vector<SavedGameFile> ListSavedGames(const std::string& folder);
 
+// The name a save dialog proposes, so that a game can be saved without typing: "Quarnwick 1",
+// "Quarnwick 2", ..., the first whose ".gam" file is not in the folder.
+std::string NextFreeSaveName(const std::string& folder);
+
 // The parts of the dialog that the pointer can be over.
 enum class DialogPart { None, Row, ScrollUp, ScrollDown, Track, Thumb, NameField, Ok, Cancel };
 
@@ -48,6 +52,7 @@ struct FileDialogState {
   int selected = -1;  // index into files, or -1
   int firstRow = 0;   // index of the file in the list's top row
   std::string name;   // the name field, Windows-1252
+  bool nameProposed = false;  // the field holds the save dialog's proposal, which typing replaces
   bool cursorShown = true;   // the blinking cursor at the end of the name
   bool noSuchGame = false;   // an open dialog was asked for a file that is not there
   DialogPart hovered = DialogPart::None;

@@ -301,7 +301,8 @@ void DrawNameField(Surface& target, const FileDialogState& state) {
   while (!shown.empty() && font->Measure(shown + "_") > room) shown.erase(shown.begin());
   if (state.cursorShown) shown += "_";
   const Rect box{L.nameField.left + 8, L.nameField.top, L.nameField.right - 8, L.nameField.bottom};
-  Write(target, font, shown, box, DT_LEFT, kWhite);
+  // A proposed name shows in the colour of a chosen row: typing replaces it.
+  Write(target, font, shown, box, DT_LEFT, state.nameProposed ? kGreen : kWhite);
 }
 
 void DrawPointer(Surface& target, const FileDialogState& state) {

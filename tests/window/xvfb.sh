@@ -2,6 +2,10 @@
 # fails. Source it with $work set to the test's work folder.
 fail() { echo "${test_name:-window test}: $*" >&2; exit 1; }
 
+# The player's settings of each test are its own, and start from the defaults.
+export XDG_CONFIG_HOME="$work/config"
+rm -rf "$XDG_CONFIG_HOME"
+
 # Starts Xvfb and points DISPLAY at it; it is stopped when the test ends.
 start_xvfb() {
   rm -f "$work/display"  # a number left by an earlier run is not this display's
@@ -23,17 +27,19 @@ start_game() {
 }
 
 # Waits until the screen is not black (the first frame comes once start-up is through,
-# slow under the sanitizers on a busy machine), up to half a minute; sets mean.
+# slow under the sanitizers on a busy machine), up to half a minute; sets mean. With a
+# number, waits until the mean brightness is above it (a menu that has faded in).
 wait_for_picture() {
+  local least="${1:-0.02}"
   mean=0
   for _ in $(seq 60); do
     import -window root "$work/screen.png" || fail "no screenshot"
     mean=$(convert "$work/screen.png" -format '%[fx:mean]' info:)
-    awk -v m="$mean" 'BEGIN { exit !(m > 0.02) }' && break
+    awk -v m="$mean" -v l="$least" 'BEGIN { exit !(m > l) }' && break
     sleep 0.5
   done
   echo "mean brightness of the screen: $mean"
-  awk -v m="$mean" 'BEGIN { exit !(m > 0.02) }' || fail "the screen is black"
+  awk -v m="$mean" -v l="$least" 'BEGIN { exit !(m > l) }' || fail "the screen is black"
 }
 
 # Waits for the game to end; sets code to its exit code.
