@@ -91,6 +91,30 @@ TEST_F(CombatTest, AnExchangeOfZaps) {
   EXPECT_TRUE(found);
 }
 
+// Fast-forward changes the wall clock only: a combat with one seed shows every frame the
+// same at both speeds, in about a third of the wall-clock time.
+TEST_F(CombatTest, FastForwardShowsTheSameFramesInAThirdOfTheTime) {
+  std::vector<std::vector<std::uint16_t>> frames[2];
+  std::uint32_t wall[2];
+  for (int fast = 0; fast < 2; ++fast) {
+    Again();
+    Fight({{kBluberd, 2}});
+    game->backend.SetFastForward(fast == 1);
+    game->backend.WatchFrames([&](const std::vector<std::uint16_t>& frame) { frames[fast].push_back(frame); });
+    const std::uint32_t start = game->backend.WallClock();
+    SeedRandom(7);
+    WaitForChoice();
+    ASSERT_TRUE(Cast(0));
+    game->RunFor(500);
+    wall[fast] = game->backend.WallClock() - start;
+    game->backend.WatchFrames({});
+  }
+  ASSERT_GT(frames[0].size(), 50u);
+  EXPECT_TRUE(frames[0] == frames[1]) << frames[0].size() << " and " << frames[1].size() << " frames";
+  // About a third: the game's waits are rounded up to whole wall-clock milliseconds.
+  EXPECT_TRUE(wall[1] * 3 >= wall[0] && wall[1] * 3 < wall[0] * 1.1) << wall[0] << " and " << wall[1] << " ms";
+}
+
 TEST_F(CombatTest, InputDuringMessagesAndTheButtons) {
   thePlayer.textSpeed = 10;
   Fight({{kBluberd, 1}});

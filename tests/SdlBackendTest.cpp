@@ -4,13 +4,17 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
 #include <utility>
 
+#include "PngFile.h"
+#include "platform/FrameUploader.h"
 #include "platform/SdlBackend.h"
 #include "platform/Settings.h"
 #include "platform/VirtualInput.h"
 #include "platform/VirtualPad.h"
 #include "support/HeadlessGame.h"
+#include "support/TestData.h"
 
 namespace {
 
@@ -206,6 +210,46 @@ TEST_F(SdlBackendTest, TheWindowComesBackAsThePlayerLeftIt) {
   }
   settings = nullptr;
   std::filesystem::remove(file);
+}
+
+// The platform's own keys never reach a screen: Tab held runs the game's clock three times
+// as fast, which the title says; F9 writes the frame as shown to a PNG file and the title
+// says where.
+TEST_F(SdlBackendTest, TabAndF9AreThePlatformsAndNoScreenSeesThem) {
+  TempFolder home{"screenshots"};
+  setenv("XDG_DATA_HOME", home.string().c_str(), 1);
+  StartProbe();
+  input::Key("Tab", true);
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_EQ(backend->WindowTitle(), "Quarnwick x3");
+  input::Key("Tab", false);
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_EQ(backend->WindowTitle(), "Quarnwick");
+
+  input::Key("F9", true);
+  input::Key("F9", false);
+  EXPECT_TRUE(Sent().empty());
+  const std::filesystem::path folder = home / "quarnwick" / "screenshots";
+  std::vector<std::filesystem::path> shots;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) shots.push_back(entry.path());
+  ASSERT_EQ(shots.size(), 1u);
+  EXPECT_TRUE(std::regex_match(shots[0].filename().string(), std::regex(R"(quarnwick-\d{8}-\d{6}\.png)")));
+  EXPECT_EQ(backend->WindowTitle(), "Quarnwick - screenshot saved to " + shots[0].string());
+  baker::RgbaImage image;
+  std::string error;
+  ASSERT_TRUE(baker::ReadPng(shots[0].string(), image, error)) << error;
+  const Surface* frame = WindowSurface();
+  ASSERT_TRUE(frame && image.width == frame->Width() && image.height == frame->Height());
+  int differing = 0;
+  for (int y = 0; y < image.height; ++y) {
+    for (int x = 0; x < image.width; ++x) {
+      const auto& p = image.pixels[static_cast<std::size_t>(y) * image.width + x];
+      const std::uint16_t q = frame->At(x, y);
+      differing += p.r != Red8(q) || p.g != Green8(q) || p.b != Blue8(q) || p.a != 255;
+    }
+  }
+  EXPECT_EQ(differing, 0);
+  unsetenv("XDG_DATA_HOME");
 }
 
 TEST_F(SdlBackendTest, ThePadSpeaksInTheMessagesOfAMouseAndAKeyboard) {

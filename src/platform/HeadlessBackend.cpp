@@ -27,6 +27,7 @@ void HeadlessBackend::ShowFrame(const Surface& frame, const std::vector<Rect>& c
     std::copy(row, row + frameWidth, lastFrame.begin() + static_cast<std::ptrdiff_t>(y) * frameWidth);
   }
   ++framesShown;
+  if (frameWatcher) frameWatcher(lastFrame);
 }
 
 void HeadlessBackend::PollInput() {
@@ -38,7 +39,9 @@ void HeadlessBackend::PollInput() {
 }
 
 void HeadlessBackend::WaitInput(std::uint32_t timeoutMs) {
-  // Waiting costs simulated time only: jump to the next input or to the timeout.
+  // Waiting costs simulated time only: jump to the next input or to the timeout, which is
+  // on the game's clock.
+  timeoutMs = clock.WallWait(timeoutMs);
   if (!pending.empty()) {
     const std::uint32_t untilInput = pending.front().due - now;
     if (static_cast<std::int32_t>(untilInput) <= 0) return;

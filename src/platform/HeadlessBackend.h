@@ -4,12 +4,14 @@
 // instead of shown.
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Backend.h"
 #include "platform/FileDialog.h"
+#include "platform/GameClock.h"
 #include "platform/HeadlessAudio.h"
 #include "platform/Surface.h"
 
@@ -31,7 +33,7 @@ class HeadlessBackend : public Backend {
 
   explicit HeadlessBackend(std::uint32_t startTime = 100000);
 
-  std::uint32_t TickCount() override { return now; }
+  std::uint32_t TickCount() override { return clock.Now(now); }
   OpenResult OpenWindow(const std::string& title, int width, int height, bool windowed) override;
   void CloseWindow() override { windowOpen = false; }
   void ShowFrame(const Surface& frame, const std::vector<Rect>& changed) override;
@@ -42,9 +44,14 @@ class HeadlessBackend : public Backend {
   AudioDevice* Audio() override { return audioPresent ? &audio : nullptr; }
   bool ScriptedFileDialog(FileDialogKind kind, const std::string& title, std::optional<std::string>* answer) override;
 
-  // The clock moves only when told to, or when the game waits for input.
+  // The wall clock moves only when told to, or when the game waits for input. The game's
+  // clock goes with it, three times as fast while fast-forward is held.
   void Advance(std::uint32_t ms) { now += ms; }
   void SetTime(std::uint32_t ms) { now = ms; }
+  void SetFastForward(bool fast) { clock.SetFast(fast, now); }
+  std::uint32_t WallClock() const { return now; }
+  // Every frame put on the screen, as it comes (an empty function stops watching).
+  void WatchFrames(std::function<void(const std::vector<std::uint16_t>&)> watcher) { frameWatcher = std::move(watcher); }
 
   // Input arrives at the given time (now, when 0 is given as delay), in order.
   void Queue(std::uint32_t message, WParam wParam, LParam lParam, std::uint32_t delayMs = 0);
@@ -89,6 +96,8 @@ class HeadlessBackend : public Backend {
   };
 
   std::uint32_t now;
+  GameClock clock;
+  std::function<void(const std::vector<std::uint16_t>&)> frameWatcher;
   std::deque<Pending> pending;
   std::vector<CapturedBox> boxes;
   std::deque<std::optional<std::string>> dialogAnswers;

@@ -1,15 +1,20 @@
 #include "platform/SdlBackend.h"
 
 #include <SDL.h>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <link.h>
+#include <string>
 #include <time.h>
 
 #include "platform/BitmapFile.h"
 #include "platform/Cp1252.h"
 #include "platform/DataPath.h"
+#include "platform/FrameUploader.h"
+#include "platform/GameClock.h"
+#include "platform/Screenshot.h"
 #include "platform/SdlAudio.h"
 #include "platform/SdlDirectFrame.h"
 #include "platform/SdlGamepads.h"
@@ -96,10 +101,20 @@ WParam MouseButtons() {
   return buttons;
 }
 
+// Milliseconds since the system started, like the clock the game was written for.
+std::uint32_t WallMilliseconds() {
+  timespec ts{};
+  clock_gettime(CLOCK_MONOTONIC, &ts);
+  return static_cast<std::uint32_t>(static_cast<std::uint64_t>(ts.tv_sec) * 1000u + ts.tv_nsec / 1000000);
+}
+
 }  // namespace
 
 struct SdlBackend::Impl {
   SdlAudio audio;
+  GameClock clock;
+  std::string notice;              // said in the window's title for a while
+  std::uint32_t noticeUntil = 0;   // on the wall clock
   Settings* settings = nullptr;  // the player's, when the game has them
   std::unique_ptr<SdlGamepads> gamepads;
   SDL_Window* window = nullptr;
@@ -227,8 +242,59 @@ struct SdlBackend::Impl {
     return texture != nullptr;
   }
 
+  // The keys of the platform's own comforts, which no screen receives: Tab held runs the
+  // game's clock fast, F9 and PrintScreen take a screenshot.
+  bool TakesKey(SDL_Keycode key, bool down, bool repeat) {
+    if (key == SDLK_TAB) {
+      if (!repeat) SetFastForward(down);
+      return true;
+    }
+    if (key == SDLK_F9 || key == SDLK_PRINTSCREEN) {
+      if (down && !repeat) TakeScreenshot();
+      return true;
+    }
+    return false;
+  }
+
+  void SetFastForward(bool fast) {
+    if (fast == clock.Fast()) return;
+    clock.SetFast(fast, WallMilliseconds());
+    ShowTitle();
+  }
+
+  void TakeScreenshot() {
+    const Surface* frame = WindowSurface();
+    if (!frame) return;
+    std::string error;
+    const auto path = SaveScreenshot(*frame, &error);
+    notice = path ? "screenshot saved to " + *path : "no screenshot: " + error;
+    if (!path) std::fprintf(stderr, "Quarnwick: %s\n", notice.c_str());
+    noticeUntil = WallMilliseconds() + 2000;
+    ShowTitle();
+  }
+
+  // "Quarnwick", with " x3" while fast-forward is held and a notice for two seconds.
+  void ShowTitle() {
+    if (!window) return;
+    std::string title = "Quarnwick";
+    if (clock.Fast()) title += " x3";
+    if (!notice.empty()) title += " - " + notice;
+    SDL_SetWindowTitle(window, title.c_str());
+  }
+
+  void EndNotice() {
+    if (notice.empty() || static_cast<std::int32_t>(WallMilliseconds() - noticeUntil) < 0) return;
+    notice.clear();
+    ShowTitle();
+  }
+
   void Translate(SDL_Event e, std::uint32_t now) {
     MapToFrame(e);
+    // The right trigger holds fast-forward like Tab.
+    if (e.type == SDL_CONTROLLERAXISMOTION && e.caxis.axis == SDL_CONTROLLER_AXIS_TRIGGERRIGHT) {
+      if (e.caxis.value > 16000 || e.caxis.value < 8000) SetFastForward(e.caxis.value > 16000);
+      return;
+    }
     if (gamepads && gamepads->Handle(e, now)) return;
     switch (e.type) {
       case SDL_QUIT:
@@ -246,6 +312,7 @@ struct SdlBackend::Impl {
           if (!e.key.repeat) ToggleFullScreen();
           break;
         }
+        if (TakesKey(key, true, e.key.repeat != 0)) break;
         const std::uint32_t vk = VirtualKeyFor(key);
         if (vk == 0) break;
         PostInput(WM_KEYDOWN, vk, e.key.repeat ? static_cast<LParam>(0x40000001) : 1);
@@ -253,6 +320,7 @@ struct SdlBackend::Impl {
         break;
       }
       case SDL_KEYUP: {
+        if (TakesKey(e.key.keysym.sym, false, false)) break;
         const std::uint32_t vk = VirtualKeyFor(e.key.keysym.sym);
         if (vk != 0) PostInput(WM_KEYUP, vk, static_cast<LParam>(0xC0000001u));
         break;
@@ -285,12 +353,7 @@ SdlBackend::~SdlBackend() {
   if (impl->videoStarted) SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
-std::uint32_t SdlBackend::TickCount() {
-  // Milliseconds since the system started, like the clock the game was written for.
-  timespec ts{};
-  clock_gettime(CLOCK_MONOTONIC, &ts);
-  return static_cast<std::uint32_t>(static_cast<std::uint64_t>(ts.tv_sec) * 1000u + ts.tv_nsec / 1000000);
-}
+std::uint32_t SdlBackend::TickCount() { return impl->clock.Now(WallMilliseconds()); }
 
 namespace {
 
@@ -330,6 +393,11 @@ void SetWindowIcon(SDL_Window* window) {
 }
 
 }  // namespace
+
+std::string SdlBackend::WindowTitle() const {
+  const char* title = impl->window ? SDL_GetWindowTitle(impl->window) : nullptr;
+  return title ? title : "";
+}
 
 void SdlBackend::UseSettings(Settings* settings) {
   impl->settings = settings;
@@ -398,6 +466,7 @@ void SdlBackend::PollInput() {
   const std::uint32_t now = TickCount();
   while (SDL_PollEvent(&e)) impl->Translate(e, now);
   if (impl->gamepads) impl->gamepads->Update(now);
+  impl->EndNotice();
 }
 
 void SdlBackend::WaitInput(std::uint32_t timeoutMs) {
@@ -407,7 +476,11 @@ void SdlBackend::WaitInput(std::uint32_t timeoutMs) {
   }
   // A tilted stick or a held D-pad moves on without device events.
   const std::uint32_t longest = impl->gamepads && impl->gamepads->Busy() ? 15 : 1000;
-  const int limit = static_cast<int>(timeoutMs > longest ? longest : timeoutMs);
+  // The wait is on the game's clock, which runs fast while fast-forward is held; a title's
+  // notice ends on time.
+  std::uint32_t wall = impl->clock.WallWait(timeoutMs);
+  if (!impl->notice.empty()) wall = std::min<std::uint32_t>(wall, 100);
+  const int limit = static_cast<int>(wall > longest ? longest : wall);
   SDL_WaitEventTimeout(nullptr, limit);
 }
 

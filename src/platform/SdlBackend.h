@@ -3,6 +3,7 @@
 // (full screen on the desktop's own resolution, or a resizable window at a whole-number
 // scale), keyboard and mouse input, the system clock and system message boxes.
 #include <memory>
+#include <string>
 
 #include "platform/Backend.h"
 
@@ -28,6 +29,8 @@ class SdlBackend : public Backend {
   // The player's settings: the window as it was last left, the loudness of effects and
   // music. The backend keeps the window's in them as the player changes it.
   void UseSettings(Settings* settings);
+  // What the window's title says now ("Quarnwick", " x3" while fast-forward is held, a notice).
+  std::string WindowTitle() const;
 
  private:
   struct Impl;
